@@ -1,0 +1,15 @@
+// The message catalogue and the enumerator table, as seen from C++.
+#pragma once
+#include <cstdint>
+
+namespace zem {
+
+inline constexpr int kCatalogueRows = 726;
+
+// The stored format "NAME:\n  text" of a row, or nullptr for an unassigned
+// or out-of-range code.
+const char* catalogue_format(int code) noexcept;
+// The row's name ("NE_SINGULAR"), or nullptr.
+const char* catalogue_name(int code) noexcept;
+
+}  // namespace zem
