@@ -65,29 +65,30 @@ void record_failure(char rec[kRecordLen], const char* name, int ifail, int msgno
   rec[kRecordLen - 1] = '\0';
 }
 
-void report_failure(Call& call, int ifail, const char rec[kRecordLen],
-                    std::span<const Message> table) noexcept {
+const Message* read_failure(Call& call, int ifail, const char rec[kRecordLen],
+                            std::span<const Message> table, char values[4][20]) noexcept {
   call.set_errnum(ifail);
   char text[kRecordLen + 1];
   std::memcpy(text, rec, kRecordLen);
   text[kRecordLen] = '\0';
   char name[7];
-  int f1 = 0, msgno = 0;
+  int f1 = 0, msgno = 0, nv = 0;
   if (std::sscanf(text, "%6s %d %d", name, &f1, &msgno) < 3) {
     call.report_null(NE_INTERNAL_ERROR);
-    return;
+    return nullptr;
   }
   const Message* m = nullptr;
   for (const Message& row : table)
     if (row.msgno == msgno) m = &row;
   if (!m) {
     call.report(NE_INTERNAL_ERROR);
-    return;
+    return nullptr;
   }
-  char v[4][20] = {};
-  int nv = 0, got = 0;
-  switch (m->nvalues) {
-    case 0: got = 3; break;
+  char(*v)[20] = values;
+  for (int i = 0; i < 4; ++i) v[i][0] = '\0';
+  int got = 3;
+  switch (std::min(m->nvalues, 4)) {
+    case 0: break;
     case 1: got = std::sscanf(text, "%6s %d %d %d %19s", name, &f1, &msgno, &nv, v[0]); break;
     case 2: got = std::sscanf(text, "%6s %d %d %d %19s %19s", name, &f1, &msgno, &nv, v[0], v[1]); break;
     case 3:
@@ -98,12 +99,21 @@ void report_failure(Call& call, int ifail, const char rec[kRecordLen],
                         v[2], v[3]);
       break;
   }
-  int want = m->nvalues == 0 ? 3 : 4 + std::min(m->nvalues, 4);
+  const int want = m->nvalues == 0 ? 3 : 4 + std::min(m->nvalues, 4);
   if (got < want) {
     call.report_null(NE_INTERNAL_ERROR);
-    return;
+    return nullptr;
   }
-  call.report_own(m->code, m->format, v[0], v[1], v[2], v[3]);
+  return m;
+}
+
+void report_failure(Call& call, int ifail, const char rec[kRecordLen],
+                    std::span<const Message> table) noexcept {
+  char v[4][20];
+  const Message* m = read_failure(call, ifail, rec, table, v);
+  if (!m) return;
+  if (m->format) call.report_own(m->code, m->format, v[0], v[1], v[2], v[3]);
+  else call.report_null(m->code);
   call.set_errnum(ifail);
 }
 

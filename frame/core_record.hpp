@@ -40,7 +40,8 @@ void edit_e12_4(char out[13], double v) noexcept;
 
 // One failure that a wrapper knows: the core's message number, the
 // catalogue row reported and the routine's own format (its value slots all
-// %s, in the order of the record's values).
+// %s, in the order of the record's values), or a null format to report the
+// row with a null message.
 struct Message {
   int msgno;
   int code;
@@ -48,8 +49,14 @@ struct Message {
   const char* format;
 };
 
-// Maps a core failure record to a report: errnum takes ifail; an unreadable
-// record, or a message number not in the table, gives NE_INTERNAL_ERROR.
+// Reads a core failure record against the routine's table: errnum takes
+// ifail; returns the matching row with its value texts in `values`, or
+// reports NE_INTERNAL_ERROR (an unreadable record, a message number not in
+// the table, fewer values than the row needs) and returns null.
+const Message* read_failure(Call& call, int ifail, const char rec[kRecordLen],
+                            std::span<const Message> table, char values[4][20]) noexcept;
+
+// read_failure, then the report of the row found.
 void report_failure(Call& call, int ifail, const char rec[kRecordLen],
                     std::span<const Message> table) noexcept;
 

@@ -45,7 +45,8 @@ bool Call::int_gt(const char* name, long v, long bound, const char* btext) noexc
 }
 
 bool Call::real_lt(const char* name, double v, double bound, const char* btext) noexcept {
-  if (!(v < bound)) return false;
+  // A NaN is refused too: it is not at or above the bound.
+  if (v >= bound) return false;
   report(NE_REAL_ARG_LT, name, btext, name, v);
   return true;
 }
