@@ -4,10 +4,10 @@
 
 namespace zem {
 
-Call::Call(const char* routine, ZemError* fail) noexcept : routine_(routine), fail_(fail) {
+Call::Call(const char* routine, ZemError* fail, Clear clear) noexcept : routine_(routine), fail_(fail) {
   if (fail_) {
     fail_->code = 0;
-    fail_->errnum = 0;
+    if (clear == Clear::CodeAndErrnum) fail_->errnum = 0;
   }
 }
 

@@ -18,8 +18,9 @@ inline constexpr int kMessageLen = 512;
 
 class Call {
  public:
-  // Clears fail->code and fail->errnum.
-  Call(const char* routine, ZemError* fail) noexcept;
+  enum class Clear { CodeAndErrnum, CodeOnly };
+  // Clears fail->code and, unless told otherwise, fail->errnum.
+  Call(const char* routine, ZemError* fail, Clear clear = Clear::CodeAndErrnum) noexcept;
 
   const char* routine() const noexcept { return routine_; }
   ZemError* fail() const noexcept { return fail_; }

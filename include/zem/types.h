@@ -711,5 +711,6 @@ typedef int32_t Zem_UploType;       /* Zem_Upper, Zem_Lower */
 typedef int32_t Zem_DiagType;       /* Zem_NonRefDiag, Zem_NonUnitDiag, Zem_UnitDiag */
 typedef int32_t Zem_SideType;       /* Zem_LeftSide, Zem_RightSide, Zem_BothSides */
 typedef int32_t Zem_MatrixType;     /* Zem_GeneralMatrix, Zem_LowerMatrix, Zem_UpperMatrix */
+typedef int32_t Zem_NormType;       /* Zem_OneNorm, Zem_InfNorm, Zem_FrobeniusNorm, Zem_MaxNorm */
 
 #endif /* ZEM_TYPES_H */

@@ -198,15 +198,19 @@ TEST(Lookups, NamesAndNumbers) {
   EXPECT_STREQ(x04mcc(0, out), "unknown_enum_value");
   EXPECT_STREQ(x04mcc(1026, out), "HermitianLower");
   // Every enumerator maps both ways, which also proves the values distinct.
-  int count = 0;
-#define CHECK_ENUM(name, value)                    \
-  ++count;                                         \
-  EXPECT_EQ(x04mac(#name), value);                 \
-  EXPECT_STREQ(x04mcc(value, out), #name);         \
-  EXPECT_EQ(static_cast<int>(name), value);
-  ZEM_ENUMERATORS(CHECK_ENUM)
-#undef CHECK_ENUM
-  EXPECT_EQ(count, 665);
+  struct Named {
+    const char* name;
+    int value;
+  };
+#define ENUM_ROW(name, value) {#name, static_cast<int>(name) == (value) ? (value) : -1},
+  static const Named all[] = {ZEM_ENUMERATORS(ENUM_ROW)};
+#undef ENUM_ROW
+  for (const Named& n : all) {
+    ASSERT_GT(n.value, 0) << n.name << " has a value other than its table's";
+    EXPECT_EQ(x04mac(n.name), n.value) << n.name;
+    EXPECT_STREQ(x04mcc(n.value, out), n.name);
+  }
+  EXPECT_EQ(sizeof all / sizeof all[0], 665u);
 }
 
 TEST(Y99, RowNameOfAMessage) {
