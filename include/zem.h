@@ -7,6 +7,7 @@
 #include "zem/a02.h"
 #include "zem/c02.h"
 #include "zem/c05.h"
+#include "zem/f06.h"
 #include "zem/f07.h"
 #include "zem/p01.h"
 #include "zem/x01.h"

@@ -88,6 +88,14 @@ bool Frame::dim_at_least(const char* name, long v, long bound, const char* const
   return true;
 }
 
+bool Frame::nonzero(const char* name, long v, int position) noexcept {
+  if (v != 0) return false;
+  char constraint[64];
+  std::snprintf(constraint, sizeof constraint, "%s != 0", name);
+  report_dim(name, v, constraint, position);
+  return true;
+}
+
 bool Frame::letter(const char* name, std::int32_t v, char (*map)(std::int32_t), char* out) noexcept {
   *out = map(v);
   if (*out) return false;

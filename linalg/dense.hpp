@@ -89,6 +89,8 @@ class Frame {
   bool dim(const char* name, long v, int position) noexcept;
   // A dimension below a bound given as text ("n >= 1").
   bool dim_at_least(const char* name, long v, long bound, const char* constraint, int position) noexcept;
+  // An increment of 0: NE_INT "incx != 0", errnum = -position.
+  bool nonzero(const char* name, long v, int position) noexcept;
   // An enumerator with its letter; an unknown value gives NE_BAD_PARAM.
   bool letter(const char* name, std::int32_t v, char (*map)(std::int32_t), char* out) noexcept;
   // The storage order; an unknown order gives NE_BAD_PARAM "order".

@@ -16,6 +16,10 @@ arguments in order.  Argument tokens:
   X:vec(len) X:ivec(len) X:rvec(len)
                          vectors of the element type, of int32_t, of double
   X:real                 a real scalar argument
+  X:scalar               a scalar of the element type (ZemComplex for z kernels)
+  incX                   increment of vector X (not 0)
+  x|y;arg                in a size: x when the enumerator arg is NoTrans,
+                         LeftSide or Upper, else y
   X:out                  a real scalar result (double *)
   ...:i :o :io           input (default), output, both
 
@@ -26,6 +30,7 @@ workspace arrays; a kernel with lwork is asked for its optimal size.
 """
 
 CHAPTERS = {
+    'f06': 'f06: matrix-vector and matrix-matrix operations (BLAS levels 2 and 3) over CBLAS.',
     'f07': 'f07: linear equations (LU, Cholesky and related factorisations) over LAPACK.',
 }
 
@@ -57,7 +62,115 @@ INFO = {
                      '    the matrix is singular and its inverse cannot be computed.'),
 }
 
+# Rows with api='cblas' call the CBLAS routine, which takes the storage order
+# itself: the wrapper checks and calls, and copies nothing.
+
 ROUTINES = [
+    # ---- f06: BLAS level 2 ------------------------------------------------------
+    dict(name='f06pac', kernel='dgemv', api='cblas', doc='y = alpha op(A) x + beta y, A general m by n.',
+         args='order trans m n alpha:real a:ge(m,n) pda x:vec incx beta:real y:vec:io incy'),
+    dict(name='f06pbc', kernel='dgbmv', api='cblas', doc='y = alpha op(A) x + beta y, A an m by n band matrix.',
+         args='order trans m n kl ku alpha:real a:band(m,n,kl,ku) pda x:vec incx beta:real y:vec:io incy'),
+    dict(name='f06pcc', kernel='dsymv', api='cblas', doc='y = alpha A x + beta y, A symmetric.',
+         args='order uplo n alpha:real a:tri(n) pda x:vec incx beta:real y:vec:io incy'),
+    dict(name='f06pdc', kernel='dsbmv', api='cblas', doc='y = alpha A x + beta y, A a symmetric band matrix.',
+         args='order uplo n k alpha:real a:sband(n,k) pda x:vec incx beta:real y:vec:io incy'),
+    dict(name='f06pec', kernel='dspmv', api='cblas', doc='y = alpha A x + beta y, A symmetric in packed storage.',
+         args='order uplo n alpha:real ap:pk(n) x:vec incx beta:real y:vec:io incy'),
+    dict(name='f06pfc', kernel='dtrmv', api='cblas', doc='x = op(A) x, A triangular.',
+         args='order uplo trans diag n a:tri(n) pda x:vec:io incx'),
+    dict(name='f06pgc', kernel='dtbmv', api='cblas', doc='x = op(A) x, A a triangular band matrix.',
+         args='order uplo trans diag n k a:sband(n,k) pda x:vec:io incx'),
+    dict(name='f06phc', kernel='dtpmv', api='cblas', doc='x = op(A) x, A triangular in packed storage.',
+         args='order uplo trans diag n ap:pk(n) x:vec:io incx'),
+    dict(name='f06pjc', kernel='dtrsv', api='cblas', doc='solves op(A) x = b (x overwrites b), A triangular.',
+         args='order uplo trans diag n a:tri(n) pda x:vec:io incx'),
+    dict(name='f06pkc', kernel='dtbsv', api='cblas', doc='solves op(A) x = b, A a triangular band matrix.',
+         args='order uplo trans diag n k a:sband(n,k) pda x:vec:io incx'),
+    dict(name='f06plc', kernel='dtpsv', api='cblas', doc='solves op(A) x = b, A triangular in packed storage.',
+         args='order uplo trans diag n ap:pk(n) x:vec:io incx'),
+    dict(name='f06pmc', kernel='dger', api='cblas', doc='A = alpha x y^T + A, the rank-one update.',
+         args='order m n alpha:real x:vec incx y:vec incy a:ge(m,n):io pda'),
+    dict(name='f06ppc', kernel='dsyr', api='cblas', doc='A = alpha x x^T + A, A symmetric.',
+         args='order uplo n alpha:real x:vec incx a:tri(n):io pda'),
+    dict(name='f06pqc', kernel='dspr', api='cblas', doc='A = alpha x x^T + A, A symmetric in packed storage.',
+         args='order uplo n alpha:real x:vec incx ap:pk(n):io'),
+    dict(name='f06prc', kernel='dsyr2', api='cblas', doc='A = alpha x y^T + alpha y x^T + A, A symmetric.',
+         args='order uplo n alpha:real x:vec incx y:vec incy a:tri(n):io pda'),
+    dict(name='f06psc', kernel='dspr2', api='cblas', doc='A = alpha x y^T + alpha y x^T + A, A packed symmetric.',
+         args='order uplo n alpha:real x:vec incx y:vec incy ap:pk(n):io'),
+    dict(name='f06sac', kernel='zgemv', api='cblas', doc='y = alpha op(A) x + beta y, A complex general.',
+         args='order trans m n alpha:scalar a:ge(m,n) pda x:vec incx beta:scalar y:vec:io incy'),
+    dict(name='f06sbc', kernel='zgbmv', api='cblas', doc='y = alpha op(A) x + beta y, A a complex band matrix.',
+         args='order trans m n kl ku alpha:scalar a:band(m,n,kl,ku) pda x:vec incx beta:scalar y:vec:io incy'),
+    dict(name='f06scc', kernel='zhemv', api='cblas', doc='y = alpha A x + beta y, A Hermitian.',
+         args='order uplo n alpha:scalar a:tri(n) pda x:vec incx beta:scalar y:vec:io incy'),
+    dict(name='f06sdc', kernel='zhbmv', api='cblas', doc='y = alpha A x + beta y, A a Hermitian band matrix.',
+         args='order uplo n k alpha:scalar a:sband(n,k) pda x:vec incx beta:scalar y:vec:io incy'),
+    dict(name='f06sec', kernel='zhpmv', api='cblas', doc='y = alpha A x + beta y, A Hermitian in packed storage.',
+         args='order uplo n alpha:scalar ap:pk(n) x:vec incx beta:scalar y:vec:io incy'),
+    dict(name='f06sfc', kernel='ztrmv', api='cblas', doc='x = op(A) x, A complex triangular.',
+         args='order uplo trans diag n a:tri(n) pda x:vec:io incx'),
+    dict(name='f06sgc', kernel='ztbmv', api='cblas', doc='x = op(A) x, A a complex triangular band matrix.',
+         args='order uplo trans diag n k a:sband(n,k) pda x:vec:io incx'),
+    dict(name='f06shc', kernel='ztpmv', api='cblas', doc='x = op(A) x, A complex triangular, packed.',
+         args='order uplo trans diag n ap:pk(n) x:vec:io incx'),
+    dict(name='f06sjc', kernel='ztrsv', api='cblas', doc='solves op(A) x = b, A complex triangular.',
+         args='order uplo trans diag n a:tri(n) pda x:vec:io incx'),
+    dict(name='f06skc', kernel='ztbsv', api='cblas', doc='solves op(A) x = b, A a complex triangular band matrix.',
+         args='order uplo trans diag n k a:sband(n,k) pda x:vec:io incx'),
+    dict(name='f06slc', kernel='ztpsv', api='cblas', doc='solves op(A) x = b, A complex triangular, packed.',
+         args='order uplo trans diag n ap:pk(n) x:vec:io incx'),
+    dict(name='f06smc', kernel='zgeru', api='cblas', doc='A = alpha x y^T + A.',
+         args='order m n alpha:scalar x:vec incx y:vec incy a:ge(m,n):io pda'),
+    dict(name='f06snc', kernel='zgerc', api='cblas', doc='A = alpha x y^H + A.',
+         args='order m n alpha:scalar x:vec incx y:vec incy a:ge(m,n):io pda'),
+    dict(name='f06spc', kernel='zher', api='cblas', doc='A = alpha x x^H + A, A Hermitian, alpha real.',
+         args='order uplo n alpha:real x:vec incx a:tri(n):io pda'),
+    dict(name='f06sqc', kernel='zhpr', api='cblas', doc='A = alpha x x^H + A, A packed Hermitian, alpha real.',
+         args='order uplo n alpha:real x:vec incx ap:pk(n):io'),
+    dict(name='f06src', kernel='zher2', api='cblas', doc='A = alpha x y^H + conj(alpha) y x^H + A, A Hermitian.',
+         args='order uplo n alpha:scalar x:vec incx y:vec incy a:tri(n):io pda'),
+    dict(name='f06ssc', kernel='zhpr2', api='cblas', doc='A = alpha x y^H + conj(alpha) y x^H + A, A packed Hermitian.',
+         args='order uplo n alpha:scalar x:vec incx y:vec incy ap:pk(n):io'),
+
+    # ---- f06: BLAS level 3 ------------------------------------------------------
+    dict(name='f06yac', kernel='dgemm', api='cblas', doc='C = alpha op(A) op(B) + beta C.',
+         args='order transa transb m n k alpha:real a:ge(m|k;transa,k|m;transa) pda '
+              'b:ge(k|n;transb,n|k;transb) pdb beta:real c:ge(m,n):io pdc'),
+    dict(name='f06ycc', kernel='dsymm', api='cblas', doc='C = alpha A B + beta C (side left) or alpha B A + beta C, A symmetric.',
+         args='order side uplo m n alpha:real a:tri(m|n;side) pda b:ge(m,n) pdb beta:real c:ge(m,n):io pdc'),
+    dict(name='f06yfc', kernel='dtrmm', api='cblas', doc='B = alpha op(A) B or alpha B op(A), A triangular.',
+         args='order side uplo trans diag m n alpha:real a:tri(m|n;side) pda b:ge(m,n):io pdb'),
+    dict(name='f06yjc', kernel='dtrsm', api='cblas', doc='solves op(A) X = alpha B or X op(A) = alpha B (X overwrites B), A triangular.',
+         args='order side uplo trans diag m n alpha:real a:tri(m|n;side) pda b:ge(m,n):io pdb'),
+    dict(name='f06ypc', kernel='dsyrk', api='cblas', doc='C = alpha A A^T + beta C or alpha A^T A + beta C, C symmetric.',
+         args='order uplo trans n k alpha:real a:ge(n|k;trans,k|n;trans) pda beta:real c:tri(n):io pdc'),
+    dict(name='f06yrc', kernel='dsyr2k', api='cblas', doc='C = alpha (A B^T + B A^T) + beta C or alpha (A^T B + B^T A) + beta C, C symmetric.',
+         args='order uplo trans n k alpha:real a:ge(n|k;trans,k|n;trans) pda b:ge(n|k;trans,k|n;trans) pdb '
+              'beta:real c:tri(n):io pdc'),
+    dict(name='f06zac', kernel='zgemm', api='cblas', doc='C = alpha op(A) op(B) + beta C, complex.',
+         args='order transa transb m n k alpha:scalar a:ge(m|k;transa,k|m;transa) pda '
+              'b:ge(k|n;transb,n|k;transb) pdb beta:scalar c:ge(m,n):io pdc'),
+    dict(name='f06zcc', kernel='zhemm', api='cblas', doc='C = alpha A B + beta C or alpha B A + beta C, A Hermitian.',
+         args='order side uplo m n alpha:scalar a:tri(m|n;side) pda b:ge(m,n) pdb beta:scalar c:ge(m,n):io pdc'),
+    dict(name='f06zfc', kernel='ztrmm', api='cblas', doc='B = alpha op(A) B or alpha B op(A), A complex triangular.',
+         args='order side uplo trans diag m n alpha:scalar a:tri(m|n;side) pda b:ge(m,n):io pdb'),
+    dict(name='f06zjc', kernel='ztrsm', api='cblas', doc='solves op(A) X = alpha B or X op(A) = alpha B, A complex triangular.',
+         args='order side uplo trans diag m n alpha:scalar a:tri(m|n;side) pda b:ge(m,n):io pdb'),
+    dict(name='f06zpc', kernel='zherk', api='cblas', doc='C = alpha A A^H + beta C or alpha A^H A + beta C, C Hermitian, alpha and beta real.',
+         args='order uplo trans n k alpha:real a:ge(n|k;trans,k|n;trans) pda beta:real c:tri(n):io pdc'),
+    dict(name='f06zrc', kernel='zher2k', api='cblas', doc='C = alpha A B^H + conj(alpha) B A^H + beta C (or the transposed form), C Hermitian, beta real.',
+         args='order uplo trans n k alpha:scalar a:ge(n|k;trans,k|n;trans) pda b:ge(n|k;trans,k|n;trans) pdb '
+              'beta:real c:tri(n):io pdc'),
+    dict(name='f06ztc', kernel='zsymm', api='cblas', doc='C = alpha A B + beta C or alpha B A + beta C, A complex symmetric.',
+         args='order side uplo m n alpha:scalar a:tri(m|n;side) pda b:ge(m,n) pdb beta:scalar c:ge(m,n):io pdc'),
+    dict(name='f06zuc', kernel='zsyrk', api='cblas', doc='C = alpha A A^T + beta C or alpha A^T A + beta C, C complex symmetric.',
+         args='order uplo trans n k alpha:scalar a:ge(n|k;trans,k|n;trans) pda beta:scalar c:tri(n):io pdc'),
+    dict(name='f06zwc', kernel='zsyr2k', api='cblas', doc='C = alpha (A B^T + B A^T) + beta C (or the transposed form), C complex symmetric.',
+         args='order uplo trans n k alpha:scalar a:ge(n|k;trans,k|n;trans) pda b:ge(n|k;trans,k|n;trans) pdb '
+              'beta:scalar c:tri(n):io pdc'),
+
     # ---- f07a: general matrices ------------------------------------------------
     dict(name='f07adc', kernel='dgetrf',
          doc='LU factorisation of a real m by n matrix with partial pivoting, A = P L U.',

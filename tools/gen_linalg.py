@@ -50,6 +50,52 @@ def lapack_prototypes(path=LAPACK_H):
     return protos
 
 
+def enum_base(name):
+    """transa and transb are trans arguments."""
+    return 'trans' if name in ('transa', 'transb') else name
+
+
+# The first alternative of a selected size (x|y;arg) holds for this letter.
+SELECT_FIRST = {'trans': 'N', 'side': 'L', 'uplo': 'U'}
+
+
+def dim_expr(e):
+    """A size as (C value, C expression of its text).  x|y;arg selects x when
+    the enumerator arg has its first value (NoTrans, LeftSide, Upper)."""
+    if ';' in e:
+        alts, ctl = e.split(';')
+        x, y = alts.split('|')
+        letter = SELECT_FIRST[enum_base(ctl)]
+        return (f"({ctl}_c == '{letter}' ? {c_expr(x)} : {c_expr(y)})",
+                f'({ctl}_c == \'{letter}\' ? "{expr_text(x)}" : "{expr_text(y)}")')
+    return c_expr(e), f'"{expr_text(e)}"'
+
+
+def shape_text(e):
+    """How a size reads in documentation."""
+    if ';' in e:
+        alts, ctl = e.split(';')
+        x, y = alts.split('|')
+        return f'{expr_text(x)} (or {expr_text(y)} by {ctl})'
+    return expr_text(e)
+
+
+CBLAS_H = '/usr/include/x86_64-linux-gnu/cblas.h'
+
+
+def cblas_prototypes(path=CBLAS_H):
+    text = open(path).read().replace('OPENBLAS_CONST', '')
+    protos = {}
+    for m in re.finditer(r'^\w[\w\s\*]*?\bcblas_(\w+)\s*\((.*?)\);', text, re.S | re.M):
+        params = []
+        for p in m.group(2).split(','):
+            mm = re.match(r'(.*?)\s*(\w+)$', ' '.join(p.split()))
+            if mm:
+                params.append((mm.group(1), mm.group(2)))
+        protos[m.group(1)] = params
+    return protos
+
+
 class Arg:
     """One argument of an export, parsed from a token of the table."""
 
@@ -67,10 +113,12 @@ class Arg:
                 self.kind, self.shape = m.group(1), (m.group(2).split(',') if m.group(2) else [])
         if self.name == 'order':
             self.kind = 'order'
-        elif self.name in ENUMS and len(parts) == 1:
+        elif enum_base(self.name) in ENUMS and len(parts) == 1:
             self.kind = 'enum'
         elif self.name.startswith('pd') and len(parts) == 1:
             self.kind = 'ld'
+        elif self.name.startswith('inc') and len(parts) == 1:
+            self.kind = 'inc'
 
     @property
     def is_matrix(self):
@@ -97,12 +145,15 @@ class Routine:
         self.doc = spec['doc']
         self.info = spec.get('info')
         self.work = spec.get('work', {})
-        self.core_name = spec.get('core', self.name[:-1].upper() + 'F') + '/' + self.kernel.upper()
+        self.core_name = (self.name + '/' + self.kernel if spec.get('api') == 'cblas'
+                          else spec.get('core', self.name[:-1].upper() + 'F') + '/' + self.kernel.upper())
         self.args = [Arg(t) for t in spec['args'].split()]
         self.byname = {a.name: a for a in self.args}
-        if self.kernel not in protos:
-            raise SystemExit(f'{self.name}: kernel {self.kernel} not in lapack.h')
-        self.kparams = protos[self.kernel]
+        self.cblas = spec.get('api') == 'cblas'
+        table = protos['cblas' if self.cblas else 'lapack']
+        if self.kernel not in table:
+            raise SystemExit(f'{self.name}: kernel {self.kernel} not in the kernel headers')
+        self.kparams = table[self.kernel]
         self.complex = self.kernel[0] == 'z'
         self.elem = 'ZemComplex' if self.complex else 'double'
         self.kelem = 'zem::la::Complex' if self.complex else 'double'
@@ -120,17 +171,25 @@ class Routine:
         p = pname.lower()
         if p.startswith('ld') and ('pd' + p[2:]) in self.byname:
             return 'pd' + p[2:]
+        if p == 'transa' and p not in self.byname and 'trans' in self.byname:
+            return 'trans'
+        # cblas.h names a packed array A in some prototypes and Ap in others.
+        if p in ('a', 'ap') and p not in self.byname:
+            other = 'ap' if p == 'a' else 'a'
+            return other if other in self.byname else None
         return p if p in self.byname else None
 
     def c_type(self, a):
         if a.kind == 'order':
             return 'Zem_OrderType'
         if a.kind == 'enum':
-            return ENUMS[a.name][0]
-        if a.kind in ('dim', 'ld'):
+            return ENUMS[enum_base(a.name)][0]
+        if a.kind in ('dim', 'ld', 'inc'):
             return 'int32_t'
         if a.kind == 'real':
             return 'double'
+        if a.kind == 'scalar':
+            return self.elem
         if a.kind == 'ivec':
             return ('const int32_t' if a.intent == 'i' else 'int32_t')
         if a.kind == 'out':
@@ -176,10 +235,12 @@ class Routine:
                 r, c, kl, ku = a.shape[:4]
                 fill = a.shape[4] if len(a.shape) > 4 else '0'
                 ldt = f'{ld} >= {expr_text(kl)}+{expr_text(ku)}' + (f'+{expr_text(fill)}' if fill != '0' else '') + '+1'
-            return (f'{{"{a.name}", "{ld}", {pos}, {c_expr(r)}, {c_expr(c)}, "{expr_text(r)}", "{expr_text(c)}", '
+            (rv, rt), (cv, ct) = dim_expr(r), dim_expr(c)
+            return (f'{{"{a.name}", "{ld}", {pos}, {rv}, {cv}, {rt}, {ct}, '
                     f'{storage}, zem::la::Intent::{intent}, {c_expr(kl)}, {c_expr(ku)}, {c_expr(fill)}, "{ldt}"}}')
         ldname = f'"{ld}"' if ld else 'nullptr'
-        return (f'{{"{a.name}", {ldname}, {pos}, {c_expr(r)}, {c_expr(c)}, "{expr_text(r)}", "{expr_text(c)}", '
+        (rv, rt), (cv, ct) = dim_expr(r), dim_expr(c)
+        return (f'{{"{a.name}", {ldname}, {pos}, {rv}, {cv}, {rt}, {ct}, '
                 f'{storage}, zem::la::Intent::{intent}}}')
 
     def body(self):
@@ -192,8 +253,10 @@ class Routine:
         for a in self.args:
             if a.kind == 'dim':
                 w(f'  if (fr.dim("{a.name}", {a.name}, {self.position[a.name]})) return;')
+            elif a.kind == 'inc':
+                w(f'  if (fr.nonzero("{a.name}", {a.name}, {self.position[a.name]})) return;')
             elif a.kind == 'enum':
-                fn = ENUMS[a.name][1]
+                fn = ENUMS[enum_base(a.name)][1]
                 w(f'  char {a.name}_c;')
                 w(f'  if (fr.letter("{a.name}", {a.name}, zem::la::{fn}, &{a.name}_c)) return;')
         w('  if (fr.order(order)) return;')
@@ -204,6 +267,11 @@ class Routine:
                 w(f'  const int h_{a.name} = fr.matrix<{self.elem}>({self.matrix_spec(a)}, {a.name}, {ld});')
                 w(f'  if (h_{a.name} < 0) return;')
                 handles[a.name] = f'h_{a.name}'
+        if self.cblas:
+            # CBLAS takes the storage order itself: no copies, no info.
+            w('  if (fr.failed()) return;')
+            w('  ' + self.cblas_call())
+            return '\n'.join(out)
         # Workspace: sizes from the table, or for lwork from the kernel's own
         # query; taken before the copies so that a failure leaves the caller's
         # arrays as they were.
@@ -243,6 +311,25 @@ class Routine:
         else:
             w('  fr.finish(info);')
         return '\n'.join(out)
+
+    def cblas_call(self):
+        args = []
+        for ptype, pname in self.kparams:
+            our = self.our_name(pname)
+            if our is None:
+                raise SystemExit(f'{self.name}: CBLAS parameter {pname} of {self.kernel} is not provided')
+            a = self.byname[our]
+            if a.kind in ('order', 'enum'):
+                args.append(f'static_cast<{ptype.replace("enum ", "").strip()}>({a.name})')
+            elif a.kind in ('dim', 'ld', 'inc', 'real'):
+                args.append(a.name)
+            elif a.kind == 'scalar':
+                args.append(f'&{a.name}' if self.complex else a.name)
+            elif a.is_pointer:
+                args.append(a.name)
+            else:
+                raise SystemExit(f'{self.name}: cannot pass {a.name} to CBLAS')
+        return f'cblas_{self.kernel}({", ".join(args)});'
 
     def kernel_call(self, work):
         handles = {a.name: f'h_{a.name}' for a in self.args if a.is_matrix}
@@ -299,15 +386,15 @@ def describe(a):
     if a.kind == 'order':
         return 'Zem_RowMajor or Zem_ColMajor'
     if a.kind == 'enum':
-        return ', '.join(ENUMS[a.name][2])
+        return ', '.join(ENUMS[enum_base(a.name)][2])
     if a.kind == 'dim':
         return 'dimension, >= 0'
     if a.kind == 'ld':
         return f'leading dimension of {a.name[2:]}'
     if a.kind == 'ge':
-        return f'{io}: {expr_text(a.shape[0])} by {expr_text(a.shape[1])} matrix'
+        return f'{io}: {shape_text(a.shape[0])} by {shape_text(a.shape[1])} matrix'
     if a.kind == 'tri':
-        return f'{io}: {expr_text(a.shape[0])} by {expr_text(a.shape[0])} matrix, the triangle uplo'
+        return f'{io}: order {shape_text(a.shape[0])} matrix, the triangle uplo'
     if a.kind == 'pk':
         return f'{io}: triangle uplo of an order {expr_text(a.shape[0])} matrix, packed'
     if a.kind == 'band':
@@ -317,6 +404,10 @@ def describe(a):
         return f'{io}: band matrix with {expr_text(a.shape[1])} diagonals on the side uplo'
     if a.kind in ('vec', 'rvec', 'ivec'):
         return f'{io}: vector' + (f' of length {expr_text(a.shape[0])}' if a.shape else '')
+    if a.kind == 'inc':
+        return f'increment of {a.name[3:]}, not 0'
+    if a.kind == 'scalar':
+        return 'in: scalar'
     if a.kind == 'real':
         return 'in: scalar'
     if a.kind == 'out':
@@ -343,7 +434,7 @@ def header(chapter, rs):
 def source(chapter, rs):
     out = [f'// {STAMP}', '#include <algorithm>', '#include <complex>', '#include <cstddef>', '',
            '#define lapack_complex_double std::complex<double>',
-           '#define lapack_complex_float std::complex<float>', '#include <lapack.h>', '',
+           '#define lapack_complex_float std::complex<float>', '#include <lapack.h>', '#include <cblas.h>', '',
            '#include "frame/workspace.hpp"', '#include "linalg/dense.hpp"', f'#include "zem/{chapter}.h"', '',
            'extern "C" {', '']
     for r in rs:
@@ -378,13 +469,17 @@ def error_test_one(r):
         if a.kind == 'order':
             good[a.name] = 'Zem_RowMajor'
         elif a.kind == 'enum':
-            good[a.name] = ENUMS[a.name][2][0]
+            good[a.name] = ENUMS[enum_base(a.name)][2][0]
         elif a.kind == 'dim':
             good[a.name] = '3'
         elif a.kind == 'ld':
             good[a.name] = '12'
+        elif a.kind == 'inc':
+            good[a.name] = '1'
         elif a.kind == 'real':
             good[a.name] = '1.0'
+        elif a.kind == 'scalar':
+            good[a.name] = 'ZemComplex{1.0, 0.0}' if r.complex else '1.0'
         else:
             good[a.name] = f'{a.name}_buf.data()'
     bufs = []
@@ -405,6 +500,8 @@ def error_test_one(r):
             cases.append((call_with(**{a.name: '-1'}), 'NE_INT', a.name))
         elif a.kind == 'enum':
             cases.append((call_with(**{a.name: '-7'}), 'NE_BAD_PARAM', a.name))
+        elif a.kind == 'inc':
+            cases.append((call_with(**{a.name: '0'}), 'NE_INT', a.name))
     cases.append((call_with(order='7'), 'NE_BAD_PARAM', 'order'))
     for a in r.args:
         if a.kind == 'ld':
@@ -424,7 +521,7 @@ def error_test_one(r):
 
 def main():
     check = '--check' in sys.argv
-    protos = lapack_prototypes()
+    protos = {'lapack': lapack_prototypes(), 'cblas': cblas_prototypes()}
     stale = []
     for chapter in routines.CHAPTERS:
         rows = []

@@ -286,7 +286,7 @@ ZEM_API void f07bvc(Zem_OrderType order, Zem_TransType trans, int32_t n, int32_t
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_NOT_POS_DEF (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07fdc(Zem_OrderType order, Zem_UploType uplo, int32_t n, double a[], int32_t pda, ZemError *fail);
@@ -297,7 +297,7 @@ ZEM_API void f07fdc(Zem_OrderType order, Zem_UploType uplo, int32_t n, double a[
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   b        in/out: n by nrhs matrix
  *   pdb      leading dimension of b
@@ -310,7 +310,7 @@ ZEM_API void f07fec(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   anorm    in: scalar
  *   rcond    out: scalar
@@ -324,9 +324,9 @@ ZEM_API void f07fgc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const dou
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
- *   af       in: n by n matrix, the triangle uplo
+ *   af       in: order n matrix, the triangle uplo
  *   pdaf     leading dimension of af
  *   b        in: n by nrhs matrix
  *   pdb      leading dimension of b
@@ -343,7 +343,7 @@ ZEM_API void f07fhc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07fjc(Zem_OrderType order, Zem_UploType uplo, int32_t n, double a[], int32_t pda, ZemError *fail);
@@ -354,7 +354,7 @@ ZEM_API void f07fjc(Zem_OrderType order, Zem_UploType uplo, int32_t n, double a[
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_NOT_POS_DEF (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07frc(Zem_OrderType order, Zem_UploType uplo, int32_t n, ZemComplex a[], int32_t pda, ZemError *fail);
@@ -365,7 +365,7 @@ ZEM_API void f07frc(Zem_OrderType order, Zem_UploType uplo, int32_t n, ZemComple
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   b        in/out: n by nrhs matrix
  *   pdb      leading dimension of b
@@ -378,7 +378,7 @@ ZEM_API void f07fsc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   anorm    in: scalar
  *   rcond    out: scalar
@@ -392,9 +392,9 @@ ZEM_API void f07fuc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const Zem
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
- *   af       in: n by n matrix, the triangle uplo
+ *   af       in: order n matrix, the triangle uplo
  *   pdaf     leading dimension of af
  *   b        in: n by nrhs matrix
  *   pdb      leading dimension of b
@@ -411,7 +411,7 @@ ZEM_API void f07fvc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07fwc(Zem_OrderType order, Zem_UploType uplo, int32_t n, ZemComplex a[], int32_t pda, ZemError *fail);
@@ -422,7 +422,7 @@ ZEM_API void f07fwc(Zem_OrderType order, Zem_UploType uplo, int32_t n, ZemComple
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_NOT_POS_DEF (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07fdc_0(Zem_OrderType order, Zem_UploType uplo, int32_t n, double a[], int32_t pda, ZemError *fail);
@@ -672,7 +672,7 @@ ZEM_API void f07hvc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t k
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   ipiv     out: vector of length n
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
@@ -684,7 +684,7 @@ ZEM_API void f07mdc(Zem_OrderType order, Zem_UploType uplo, int32_t n, double a[
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   ipiv     in: vector of length n
  *   b        in/out: n by nrhs matrix
@@ -698,7 +698,7 @@ ZEM_API void f07mec(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   ipiv     in: vector of length n
  *   anorm    in: scalar
@@ -712,9 +712,9 @@ ZEM_API void f07mgc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const dou
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
- *   af       in: n by n matrix, the triangle uplo
+ *   af       in: order n matrix, the triangle uplo
  *   pdaf     leading dimension of af
  *   ipiv     in: vector of length n
  *   b        in: n by nrhs matrix
@@ -731,7 +731,7 @@ ZEM_API void f07mhc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   ipiv     in: vector of length n
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
@@ -743,7 +743,7 @@ ZEM_API void f07mjc(Zem_OrderType order, Zem_UploType uplo, int32_t n, double a[
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   ipiv     out: vector of length n
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
@@ -755,7 +755,7 @@ ZEM_API void f07mrc(Zem_OrderType order, Zem_UploType uplo, int32_t n, ZemComple
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   ipiv     in: vector of length n
  *   b        in/out: n by nrhs matrix
@@ -769,7 +769,7 @@ ZEM_API void f07msc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   ipiv     in: vector of length n
  *   anorm    in: scalar
@@ -783,9 +783,9 @@ ZEM_API void f07muc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const Zem
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
- *   af       in: n by n matrix, the triangle uplo
+ *   af       in: order n matrix, the triangle uplo
  *   pdaf     leading dimension of af
  *   ipiv     in: vector of length n
  *   b        in: n by nrhs matrix
@@ -802,7 +802,7 @@ ZEM_API void f07mvc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   ipiv     in: vector of length n
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
@@ -813,7 +813,7 @@ ZEM_API void f07mwc(Zem_OrderType order, Zem_UploType uplo, int32_t n, ZemComple
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   ipiv     out: vector of length n
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
@@ -825,7 +825,7 @@ ZEM_API void f07nrc(Zem_OrderType order, Zem_UploType uplo, int32_t n, ZemComple
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   ipiv     in: vector of length n
  *   b        in/out: n by nrhs matrix
@@ -838,7 +838,7 @@ ZEM_API void f07nsc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   ipiv     in: vector of length n
  *   anorm    in: scalar
@@ -852,9 +852,9 @@ ZEM_API void f07nuc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const Zem
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
- *   af       in: n by n matrix, the triangle uplo
+ *   af       in: order n matrix, the triangle uplo
  *   pdaf     leading dimension of af
  *   ipiv     in: vector of length n
  *   b        in: n by nrhs matrix
@@ -871,7 +871,7 @@ ZEM_API void f07nvc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   order    Zem_RowMajor or Zem_ColMajor
  *   uplo     Zem_Upper, Zem_Lower
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   ipiv     in: vector of length n
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
@@ -1074,7 +1074,7 @@ ZEM_API void f07qwc(Zem_OrderType order, Zem_UploType uplo, int32_t n, ZemComple
  *   diag     Zem_NonUnitDiag, Zem_UnitDiag
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   b        in/out: n by nrhs matrix
  *   pdb      leading dimension of b
@@ -1088,7 +1088,7 @@ ZEM_API void f07tec(Zem_OrderType order, Zem_UploType uplo, Zem_TransType trans,
  *   uplo     Zem_Upper, Zem_Lower
  *   diag     Zem_NonUnitDiag, Zem_UnitDiag
  *   n        dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   rcond    out: scalar
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
@@ -1102,7 +1102,7 @@ ZEM_API void f07tgc(Zem_OrderType order, Zem_NormType norm, Zem_UploType uplo, Z
  *   diag     Zem_NonUnitDiag, Zem_UnitDiag
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   b        in: n by nrhs matrix
  *   pdb      leading dimension of b
@@ -1119,7 +1119,7 @@ ZEM_API void f07thc(Zem_OrderType order, Zem_UploType uplo, Zem_TransType trans,
  *   uplo     Zem_Upper, Zem_Lower
  *   diag     Zem_NonUnitDiag, Zem_UnitDiag
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07tjc(Zem_OrderType order, Zem_UploType uplo, Zem_DiagType diag, int32_t n, double a[], int32_t pda, ZemError *fail);
@@ -1132,7 +1132,7 @@ ZEM_API void f07tjc(Zem_OrderType order, Zem_UploType uplo, Zem_DiagType diag, i
  *   diag     Zem_NonUnitDiag, Zem_UnitDiag
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   b        in/out: n by nrhs matrix
  *   pdb      leading dimension of b
@@ -1146,7 +1146,7 @@ ZEM_API void f07tsc(Zem_OrderType order, Zem_UploType uplo, Zem_TransType trans,
  *   uplo     Zem_Upper, Zem_Lower
  *   diag     Zem_NonUnitDiag, Zem_UnitDiag
  *   n        dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   rcond    out: scalar
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
@@ -1160,7 +1160,7 @@ ZEM_API void f07tuc(Zem_OrderType order, Zem_NormType norm, Zem_UploType uplo, Z
  *   diag     Zem_NonUnitDiag, Zem_UnitDiag
  *   n        dimension, >= 0
  *   nrhs     dimension, >= 0
- *   a        in: n by n matrix, the triangle uplo
+ *   a        in: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  *   b        in: n by nrhs matrix
  *   pdb      leading dimension of b
@@ -1177,7 +1177,7 @@ ZEM_API void f07tvc(Zem_OrderType order, Zem_UploType uplo, Zem_TransType trans,
  *   uplo     Zem_Upper, Zem_Lower
  *   diag     Zem_NonUnitDiag, Zem_UnitDiag
  *   n        dimension, >= 0
- *   a        in/out: n by n matrix, the triangle uplo
+ *   a        in/out: order n matrix, the triangle uplo
  *   pda      leading dimension of a
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07twc(Zem_OrderType order, Zem_UploType uplo, Zem_DiagType diag, int32_t n, ZemComplex a[], int32_t pda, ZemError *fail);

@@ -6,6 +6,7 @@
 #define lapack_complex_double std::complex<double>
 #define lapack_complex_float std::complex<float>
 #include <lapack.h>
+#include <cblas.h>
 
 #include "frame/workspace.hpp"
 #include "linalg/dense.hpp"
