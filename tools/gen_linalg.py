@@ -419,6 +419,21 @@ def c_string(s):
     return '"' + s.replace('\\', '\\\\').replace('"', '\\"').replace('\n', '\\n') + '"'
 
 
+class Manual:
+    """A hand-written export: declared from its table row, defined in linalg/."""
+
+    def __init__(self, spec):
+        self.name = spec['name']
+        self.proto = spec['proto']
+        self.doc = spec['doc']
+
+    def header_doc(self):
+        return f'/* {self.name}: {self.doc} */'
+
+    def prototype(self):
+        return self.proto
+
+
 def header(chapter, rs):
     guard = f'ZEM_{chapter.upper()}_H'
     out = [f'/* {routines.CHAPTERS[chapter]} */', f'/* {STAMP} */', f'#ifndef {guard}', f'#define {guard}',
@@ -526,17 +541,19 @@ def main():
     for chapter in routines.CHAPTERS:
         rows = []
         by_name = {s['name']: s for s in routines.ROUTINES}
+        assert len(by_name) == len(routines.ROUTINES), 'an export name stands twice in the table'
         for s in routines.ROUTINES:
             if 'same_as' in s:  # a second export name of another row
                 s = dict(by_name[s['same_as']], name=s['name'], core=by_name[s['same_as']]['name'][:-1].upper() + 'F')
             rows.append(s)
-        rs = [Routine(s, protos) for s in rows if s['name'][:3] == chapter]
+        rs = [(Manual(s) if 'proto' in s else Routine(s, protos)) for s in rows if s['name'][:3] == chapter]
+        generated = [r for r in rs if isinstance(r, Routine)]
         if not rs:
             continue
         files = {
             os.path.join(ROOT, 'include', 'zem', f'{chapter}.h'): header(chapter, rs),
-            os.path.join(ROOT, 'linalg', 'gen', f'{chapter}.cpp'): source(chapter, rs),
-            os.path.join(ROOT, 'tests', 'linalg', f'gen_{chapter}_errors.cpp'): error_test(chapter, rs),
+            os.path.join(ROOT, 'linalg', 'gen', f'{chapter}.cpp'): source(chapter, generated),
+            os.path.join(ROOT, 'tests', 'linalg', f'gen_{chapter}_errors.cpp'): error_test(chapter, generated),
         }
         for path, text in files.items():
             old = open(path).read() if os.path.exists(path) else None
