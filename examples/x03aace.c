@@ -18,7 +18,7 @@ int main(void) {
   x03aac(left, 2, right, 2, 2, 1, 1, 0.0, 0.0, &d1, &d2, 0, &fail);
   printf("plain double:   det = %.1f\n", d1);
   x03aac(left, 2, right, 2, 2, 1, 1, 0.0, 0.0, &d1, &d2, 1, &fail);
-  printf("double length:  det = %.1f (low part %.1f)\n", d1, d2);
+  printf("double length:  det = %.1f (low-order word %.1f)\n", d1, d2);
 
   /* A bad stride is reported through the error record. */
   x03aac(left, 2, right, 2, 2, 0, 1, 0.0, 0.0, &d1, &d2, 1, &fail);
