@@ -167,12 +167,12 @@ TEST(Catalogue, RowsAreWellFormed) {
     // Every conversion is one the reporting routines fill.
     for (const char* p = std::strchr(fmt, '%'); p; p = std::strchr(p + 2, '%')) {
       if (p[1] == '%') continue;
-      std::string spec;
+      std::string conversion;
       const char* q = p + 1;
       while (*q && std::strchr("0123456789.-+ ", *q)) ++q;
       while (*q == 'l') ++q;
-      spec.assign(p, q + 1);
-      EXPECT_TRUE(std::strchr("sgeld", *q) != nullptr) << name << " has " << spec;
+      conversion.assign(p, q + 1);
+      EXPECT_TRUE(std::strchr("sgeld", *q) != nullptr) << name << " has " << conversion;
     }
   }
   EXPECT_EQ(errors, 687);  // 725 assigned rows: 687 errors and 38 warnings
