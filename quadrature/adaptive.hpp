@@ -105,10 +105,9 @@ Outcome plain_adaptive(Rule& rule, Subintervals& w, double epsabs, double epsrel
                        double result, double abserr, bool accept, bool roundoff_first) {
   const double eps = x02ajc(), tiny = x02akc();
   Outcome out{result, abserr, Status::kOk};
-  if (accept) return out;
   if (roundoff_first) out.status = Status::kRoundoff;
   if (w.limit <= w.last) out.status = Status::kMaxSubdiv;
-  if (out.status != Status::kOk) return out;
+  if (out.status != Status::kOk || accept) return out;
 
   w.sort_by_error();
   double area = result, errsum = abserr;
@@ -199,10 +198,9 @@ Outcome extrapolating_adaptive(Rule& rule, Subintervals& w, const double* pts, i
     done = (abserr <= errbnd && abserr != resasc) || abserr == 0.0;
   else
     done = abserr <= errbnd;
-  if (out.status != Status::kOk || done) {
-    if (done && out.status == Status::kMaxSubdiv) out.status = Status::kOk;
-    return out;
-  }
+  // A limit of one subinterval ends as "maximum reached" even when the
+  // first estimate is good enough: the caller allowed no subdivision.
+  if (out.status != Status::kOk || done) return out;
   w.sort_by_error();
 
   // Initialisation.  Subintervals are "large" while their level is below
