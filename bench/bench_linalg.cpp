@@ -1,6 +1,8 @@
 // Dense linear algebra against LAPACKE on OpenBLAS, same data, same
-// threads: LU (f07adc) and Cholesky (f07fdc) in both storage orders.
-// Prints the time ratio wrapper / LAPACKE for each size and order.
+// threads: LU (f07adc), Cholesky (f07fdc) and the divide and conquer
+// symmetric eigensolver (f08fcc, eigenvalues and eigenvectors) in both
+// storage orders.  Prints the time ratio wrapper / LAPACKE for each size and
+// order.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -12,6 +14,7 @@
 #include <lapacke.h>
 
 #include "zem/f07.h"
+#include "zem/f08.h"
 
 namespace {
 
@@ -72,6 +75,27 @@ void BM_potrf(benchmark::State& state) {
   }
 }
 
+template <bool Zem, bool RowMajor>
+void BM_syevd(benchmark::State& state) {
+  const int n = static_cast<int>(state.range(0));
+  // A random symmetric matrix (the upper triangle of a random one).
+  std::vector<double> a0 = random_matrix(n, 3);
+  for (int i = 0; i < n; ++i)
+    for (int j = 0; j < i; ++j) a0[i * n + j] = a0[j * n + i];
+  std::vector<double> a(a0.size()), w(n);
+  ZemError e{};
+  for (auto _ : state) {
+    state.PauseTiming();
+    a = a0;
+    state.ResumeTiming();
+    if constexpr (Zem)
+      f08fcc(RowMajor ? Zem_RowMajor : Zem_ColMajor, Zem_DoBoth, Zem_Upper, n, a.data(), n, w.data(), &e);
+    else
+      LAPACKE_dsyevd(RowMajor ? LAPACK_ROW_MAJOR : LAPACK_COL_MAJOR, 'V', 'U', n, a.data(), n, w.data());
+    benchmark::DoNotOptimize(a.data());
+  }
+}
+
 #define SIZES ->Arg(100)->Arg(500)->Arg(2000)->Unit(benchmark::kMillisecond)
 BENCHMARK(BM_getrf<true, false>) SIZES;
 BENCHMARK(BM_getrf<false, false>) SIZES;
@@ -81,19 +105,26 @@ BENCHMARK(BM_potrf<true, false>) SIZES;
 BENCHMARK(BM_potrf<false, false>) SIZES;
 BENCHMARK(BM_potrf<true, true>) SIZES;
 BENCHMARK(BM_potrf<false, true>) SIZES;
+BENCHMARK(BM_syevd<true, false>) SIZES;
+BENCHMARK(BM_syevd<false, false>) SIZES;
+BENCHMARK(BM_syevd<true, true>) SIZES;
+BENCHMARK(BM_syevd<false, true>) SIZES;
 
 // Collects each run's time so that the ratios can be printed at the end.
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override {
     ConsoleReporter::ReportRuns(runs);
-    for (const Run& r : runs) times_[r.benchmark_name()] = r.GetAdjustedRealTime();
+    // With repetitions (--benchmark_repetitions) the median stands for the run.
+    for (const Run& r : runs)
+      if (r.run_type == Run::RT_Iteration) times_.emplace(r.benchmark_name(), r.GetAdjustedRealTime());
+      else if (r.aggregate_name == "median") times_[r.run_name.str()] = r.GetAdjustedRealTime();
   }
   void Finalize() override {
     ConsoleReporter::Finalize();
     std::printf("\nwrapper / LAPACKE time ratio (below 1: the wrapper is faster)\n");
     std::printf("%-8s %-10s %8s %8s %8s\n", "kernel", "order", "n=100", "n=500", "n=2000");
-    for (const char* k : {"getrf", "potrf"})
+    for (const char* k : {"getrf", "potrf", "syevd"})
       for (const char* o : {"false", "true"}) {
         std::printf("%-8s %-10s", k, std::string(o) == "true" ? "row-major" : "col-major");
         for (int n : {100, 500, 2000}) {

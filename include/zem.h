@@ -10,6 +10,8 @@
 #include "zem/d01.h"
 #include "zem/f06.h"
 #include "zem/f07.h"
+#include "zem/f08.h"
+#include "zem/f16.h"
 #include "zem/m01.h"
 #include "zem/p01.h"
 #include "zem/x01.h"

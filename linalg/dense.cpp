@@ -88,6 +88,32 @@ bool Frame::dim_at_least(const char* name, long v, long bound, const char* const
   return true;
 }
 
+void Frame::report_dim2(const char* name, long v, const char* other, long bound, const char* op,
+                        int position) noexcept {
+  char constraint[96];
+  std::snprintf(constraint, sizeof constraint, "%s %s %s", name, op, other);
+  call_.report(NE_INT_2, name, v, other, bound, constraint);
+  call_.set_errnum(-position);
+}
+
+bool Frame::dim_at_most(const char* name, long v, long bound, const char* bound_name, int position) noexcept {
+  if (dim(name, v, position)) return true;
+  if (v <= bound) return false;
+  report_dim2(name, v, bound_name, bound, "<=", position);
+  return true;
+}
+
+bool Frame::dim_from(const char* name, long v, long bound, const char* bound_name, int position) noexcept {
+  if (dim(name, v, position)) return true;
+  if (v >= bound) return false;
+  report_dim2(name, v, bound_name, bound, ">=", position);
+  return true;
+}
+
+void Frame::param(const char* name, int position) noexcept {
+  if (nparams_ < static_cast<int>(sizeof params_ / sizeof params_[0])) params_[nparams_++] = {name, position};
+}
+
 bool Frame::nonzero(const char* name, long v, int position) noexcept {
   if (v != 0) return false;
   char constraint[64];
@@ -99,6 +125,18 @@ bool Frame::nonzero(const char* name, long v, int position) noexcept {
 bool Frame::letter(const char* name, std::int32_t v, char (*map)(std::int32_t), char* out) noexcept {
   *out = map(v);
   if (*out) return false;
+  call_.report(NE_BAD_PARAM, name);
+  return true;
+}
+
+bool Frame::choose(const char* name, std::int32_t v,
+                   std::initializer_list<std::pair<std::int32_t, char>> letters, char* out) noexcept {
+  for (const auto& [value, letter] : letters)
+    if (value == v) {
+      *out = letter;
+      return false;
+    }
+  *out = 0;
   call_.report(NE_BAD_PARAM, name);
   return true;
 }
@@ -124,44 +162,70 @@ long kernel_min_ld(const MatrixSpec& s) {
 
 }  // namespace
 
-int Frame::matrix(const MatrixSpec& spec, const void* a, std::int32_t ld, std::size_t elem) noexcept {
+int Frame::matrix(const MatrixSpec& desc, const void* a, std::int32_t ld, std::size_t elem) noexcept {
   if (call_.failed() || nslots_ == kMaxMatrices) return -1;
   char text[96];
-  if (spec.storage == Storage::Band) {
-    if (ld < kernel_min_ld(spec)) {
-      if (!row_major_) report_kernel_parameter(kernel_, spec.ld_position);
-      call_.report(NE_INT, spec.ld_name, static_cast<long>(ld), spec.band_text);
-      if (!row_major_) call_.set_errnum(-spec.ld_position);
+  if (desc.storage == Storage::Band) {
+    if (ld < kernel_min_ld(desc)) {
+      if (!row_major_) report_kernel_parameter(kernel_, desc.ld_position);
+      call_.report(NE_INT, desc.ld_name, static_cast<long>(ld), desc.band_text);
+      if (!row_major_) call_.set_errnum(-desc.ld_position);
       return -1;
     }
-  } else if (!packed(spec.storage)) {
+  } else if (!packed(desc.storage)) {
     if (row_major_) {
       if (ld < 1) {
-        std::snprintf(text, sizeof text, "%s > 0", spec.ld_name);
-        call_.report(NE_INT, spec.ld_name, static_cast<long>(ld), text);
+        std::snprintf(text, sizeof text, "%s > 0", desc.ld_name);
+        call_.report(NE_INT, desc.ld_name, static_cast<long>(ld), text);
         return -1;
       }
-      if (ld < std::max(1L, spec.cols)) {
-        std::snprintf(text, sizeof text, "%s >= MAX(1,%s)", spec.ld_name, spec.cols_name);
-        call_.report(NE_INT_2, spec.cols_name, spec.cols, spec.ld_name, static_cast<long>(ld), text);
+      if (ld < std::max(1L, desc.cols)) {
+        std::snprintf(text, sizeof text, "%s >= MAX(1,%s)", desc.ld_name, desc.cols_name);
+        call_.report(NE_INT_2, desc.cols_name, desc.cols, desc.ld_name, static_cast<long>(ld), text);
         return -1;
       }
-    } else if (ld < std::max(1L, spec.rows)) {
+    } else if (ld < std::max(1L, desc.rows)) {
       // What the kernel itself would refuse: its report, then the row.
-      report_kernel_parameter(kernel_, spec.ld_position);
-      std::snprintf(text, sizeof text, "%s >= MAX(1,%s)", spec.ld_name, spec.rows_name);
-      call_.report(NE_INT_2, spec.ld_name, static_cast<long>(ld), spec.rows_name, spec.rows, text);
-      call_.set_errnum(-spec.ld_position);
+      report_kernel_parameter(kernel_, desc.ld_position);
+      std::snprintf(text, sizeof text, "%s >= MAX(1,%s)", desc.ld_name, desc.rows_name);
+      call_.report(NE_INT_2, desc.ld_name, static_cast<long>(ld), desc.rows_name, desc.rows, text);
+      call_.set_errnum(-desc.ld_position);
       return -1;
     }
   }
   Slot& s = slots_[nslots_];
-  s.spec = spec;
+  s.desc = desc;
   s.user = const_cast<void*>(a);
   s.user_ld = ld;
   s.elem = elem;
   s.kernel = s.user;
   s.kernel_ld = ld;
+  s.active = true;
+  // A workspace query runs before prepare(): give it the leading dimension
+  // that the kernel will see.
+  if (row_major_ && !packed(desc.storage)) s.kernel_ld = static_cast<std::int32_t>(kernel_min_ld(desc));
+  return nslots_++;
+}
+
+int Frame::matrix_if(bool used, const MatrixSpec& desc, const void* a, std::int32_t ld, std::size_t elem) noexcept {
+  if (used) return matrix(desc, a, ld, elem);
+  if (call_.failed() || nslots_ == kMaxMatrices) return -1;
+  if (desc.ld_name && ld < 1) {
+    char text[96];
+    std::snprintf(text, sizeof text, "%s >= 1", desc.ld_name);
+    if (!row_major_) report_kernel_parameter(kernel_, desc.ld_position);
+    call_.report(NE_INT, desc.ld_name, static_cast<long>(ld), text);
+    if (!row_major_) call_.set_errnum(-desc.ld_position);
+    return -1;
+  }
+  Slot& s = slots_[nslots_];
+  s.desc = desc;
+  s.user = const_cast<void*>(a);
+  s.user_ld = ld;
+  s.elem = elem;
+  s.kernel = s.user;
+  s.kernel_ld = row_major_ ? 1 : ld;
+  s.active = false;
   return nslots_++;
 }
 
@@ -172,7 +236,8 @@ bool Frame::prepare() noexcept {
   std::size_t bytes = 0;
   for (int i = 0; i < nslots_; ++i) {
     Slot& s = slots_[i];
-    const MatrixSpec& m = s.spec;
+    if (!s.active) continue;
+    const MatrixSpec& m = s.desc;
     std::size_t count;
     if (packed(m.storage)) {
       const std::size_t n = static_cast<std::size_t>(std::max(0L, m.rows));
@@ -185,22 +250,31 @@ bool Frame::prepare() noexcept {
     s.offset = bytes;
     bytes += (count * s.elem + 63) / 64 * 64;
   }
-  if (nslots_ == 0) return false;
-  block_ = x04bbc(bytes);
+  if (bytes == 0) return false;  // no matrix, or none that the kernel references
+  // One column more than the matrices need: the complex matrix-vector kernel
+  // of the system BLAS (OpenBLAS 0.3.21 on AVX-512 processors) reads up to a
+  // column beyond the last one of its matrix, which must stay inside the
+  // block when the block ends at the end of a mapping.
+  std::size_t tail = 64;
+  for (int i = 0; i < nslots_; ++i)
+    if (slots_[i].active)
+      tail = std::max(tail, static_cast<std::size_t>(slots_[i].kernel_ld) * slots_[i].elem + 64);
+  block_ = x04bbc(bytes + tail);
   if (!block_) {
     call_.report_null(NE_ALLOC_FAIL);
     return true;
   }
   for (int i = 0; i < nslots_; ++i) {
     Slot& s = slots_[i];
+    if (!s.active) continue;
     s.kernel = static_cast<unsigned char*>(block_) + s.offset;
-    if (s.spec.intent == Intent::Out) {
+    if (s.desc.intent == Intent::Out) {
       // The kernel writes it; clear it so that no element is left undefined.
-      std::size_t count = packed(s.spec.storage)
-                              ? std::max<std::size_t>(1, static_cast<std::size_t>(s.spec.rows) *
-                                                             static_cast<std::size_t>(s.spec.rows + 1) / 2)
+      std::size_t count = packed(s.desc.storage)
+                              ? std::max<std::size_t>(1, static_cast<std::size_t>(s.desc.rows) *
+                                                             static_cast<std::size_t>(s.desc.rows + 1) / 2)
                               : static_cast<std::size_t>(s.kernel_ld) *
-                                    static_cast<std::size_t>(std::max(1L, s.spec.cols));
+                                    static_cast<std::size_t>(std::max(1L, s.desc.cols));
       std::memset(s.kernel, 0, count * s.elem);
       continue;
     }
@@ -215,7 +289,7 @@ bool Frame::prepare() noexcept {
 // triangular matrices move in square tiles so that both sides stay in cache.
 template <class T>
 void Frame::copy(const Slot& s, bool to_kernel) noexcept {
-  const MatrixSpec& m = s.spec;
+  const MatrixSpec& m = s.desc;
   T* u = static_cast<T*>(s.user);
   T* k = static_cast<T*>(s.kernel);
   const long ul = s.user_ld, kl = s.kernel_ld;
@@ -274,7 +348,7 @@ void Frame::finish(long info, const InfoRow& positive) noexcept {
   if (row_major_ && block_) {
     for (int i = 0; i < nslots_; ++i) {
       const Slot& s = slots_[i];
-      if (s.spec.intent == Intent::In) continue;
+      if (s.desc.intent == Intent::In || !s.active) continue;
       if (s.elem == sizeof(double)) copy<double>(s, false);
       else copy<Complex>(s, false);
     }
@@ -291,17 +365,28 @@ void Frame::finish(long info, const InfoRow& positive) noexcept {
   bool done = false;
   for (int i = 0; i < ndims_ && !done; ++i)
     if (dims_[i].position == position) {
-      char constraint[64];
-      std::snprintf(constraint, sizeof constraint, "%s >= 0", dims_[i].name);
-      call_.report(NE_INT, dims_[i].name, dims_[i].value, constraint);
+      if (dims_[i].value < 0) {
+        char constraint[64];
+        std::snprintf(constraint, sizeof constraint, "%s >= 0", dims_[i].name);
+        call_.report(NE_INT, dims_[i].name, dims_[i].value, constraint);
+      } else {
+        // A size that the kernel finds inconsistent with the others (mm
+        // too small for the selected eigenvectors).
+        call_.report(NE_BAD_PARAM, dims_[i].name);
+      }
+      done = true;
+    }
+  for (int i = 0; i < nparams_ && !done; ++i)
+    if (params_[i].position == position) {
+      call_.report(NE_BAD_PARAM, params_[i].name);
       done = true;
     }
   for (int i = 0; i < nslots_ && !done; ++i)
-    if (slots_[i].spec.ld_position == position && slots_[i].spec.ld_name) {
+    if (slots_[i].desc.ld_position == position && slots_[i].desc.ld_name) {
       char text[96];
-      std::snprintf(text, sizeof text, "%s >= MAX(1,%s)", slots_[i].spec.ld_name, slots_[i].spec.rows_name);
-      call_.report(NE_INT_2, slots_[i].spec.ld_name, static_cast<long>(slots_[i].user_ld),
-                   slots_[i].spec.rows_name, slots_[i].spec.rows, text);
+      std::snprintf(text, sizeof text, "%s >= MAX(1,%s)", slots_[i].desc.ld_name, slots_[i].desc.rows_name);
+      call_.report(NE_INT_2, slots_[i].desc.ld_name, static_cast<long>(slots_[i].user_ld),
+                   slots_[i].desc.rows_name, slots_[i].desc.rows, text);
       done = true;
     }
   if (!done) call_.report_null(NE_INTERNAL_ERROR);

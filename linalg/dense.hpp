@@ -1,6 +1,6 @@
 // The frame of the dense linear-algebra wrappers.
 //
-// A wrapper (generated from linalg/routines.def by tools/gen_linalg.py)
+// A wrapper (generated from linalg/routines.py by tools/gen_linalg.py)
 // registers its arguments with a Frame in the order of its checks:
 //
 //   zem::la::Frame fr("f07adc", "F07ADF/DGETRF", fail);
@@ -31,6 +31,8 @@
 #include <complex>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
+#include <utility>
 
 #include "frame/report.hpp"
 
@@ -89,10 +91,24 @@ class Frame {
   bool dim(const char* name, long v, int position) noexcept;
   // A dimension below a bound given as text ("n >= 1").
   bool dim_at_least(const char* name, long v, long bound, const char* constraint, int position) noexcept;
+  // A dimension with an upper bound (dorgqr's k <= n): below 0 NE_INT
+  // "k >= 0", above the bound NE_INT_2 "k <= n"; errnum = -position.
+  bool dim_at_most(const char* name, long v, long bound, const char* bound_name, int position) noexcept;
+  // A dimension with a lower bound (dorglq's n >= m): below 0 NE_INT
+  // "n >= 0", below the bound NE_INT_2 "n >= m"; errnum = -position.
+  bool dim_from(const char* name, long v, long bound, const char* bound_name, int position) noexcept;
   // An increment of 0: NE_INT "incx != 0", errnum = -position.
   bool nonzero(const char* name, long v, int position) noexcept;
   // An enumerator with its letter; an unknown value gives NE_BAD_PARAM.
   bool letter(const char* name, std::int32_t v, char (*map)(std::int32_t), char* out) noexcept;
+  // An enumerator with its letter from the argument's own table of
+  // (enumerator, letter) pairs; an unknown value gives NE_BAD_PARAM.
+  bool choose(const char* name, std::int32_t v, std::initializer_list<std::pair<std::int32_t, char>> letters,
+              char* out) noexcept;
+  // Registers an argument that only the kernel checks (ilo, abstol, an
+  // array whose contents must be ordered): a negative info at its position
+  // is reported as NE_BAD_PARAM naming it.
+  void param(const char* name, int position) noexcept;
   // The storage order; an unknown order gives NE_BAD_PARAM "order".
   bool order(std::int32_t order) noexcept;
 
@@ -100,10 +116,18 @@ class Frame {
   // row-major "pda >= MAX(1,cols)", column-major "pda >= MAX(1,rows)" (as
   // the kernel itself would refuse it, with its report on stderr).  Returns
   // its handle, or -1 after a report.
-  int matrix(const MatrixSpec& spec, const void* a, std::int32_t ld, std::size_t elem) noexcept;
+  int matrix(const MatrixSpec& desc, const void* a, std::int32_t ld, std::size_t elem) noexcept;
   template <class T>
-  int matrix(const MatrixSpec& spec, const T* a, std::int32_t ld) noexcept {
-    return matrix(spec, static_cast<const void*>(a), ld, sizeof(T));
+  int matrix(const MatrixSpec& desc, const T* a, std::int32_t ld) noexcept {
+    return matrix(desc, static_cast<const void*>(a), ld, sizeof(T));
+  }
+  // A matrix that the kernel references only when `used` (eigenvectors
+  // under a job argument).  When it is not, the array may be null and the
+  // leading dimension need only be >= 1; nothing is copied.
+  int matrix_if(bool used, const MatrixSpec& desc, const void* a, std::int32_t ld, std::size_t elem) noexcept;
+  template <class T>
+  int matrix_if(bool used, const MatrixSpec& desc, const T* a, std::int32_t ld) noexcept {
+    return matrix_if(used, desc, static_cast<const void*>(a), ld, sizeof(T));
   }
   // The kernel's array and leading dimension of a registered matrix, valid
   // after prepare().
@@ -127,17 +151,19 @@ class Frame {
 
  private:
   struct Slot {
-    MatrixSpec spec;
+    MatrixSpec desc;
     void* user;
     std::int32_t user_ld;
     std::size_t elem;
     void* kernel = nullptr;
     std::int32_t kernel_ld = 1;
     std::size_t offset = 0;  // in the temporary block, in bytes
+    bool active = true;      // false: not referenced by the kernel, never copied
   };
   template <class T>
   void copy(const Slot& s, bool to_kernel) noexcept;
   void report_dim(const char* name, long v, const char* constraint, int position) noexcept;
+  void report_dim2(const char* name, long v, const char* other, long bound, const char* op, int position) noexcept;
 
   static constexpr int kMaxMatrices = 8;
   Call call_;
@@ -154,6 +180,13 @@ class Frame {
   };
   DimSeen dims_[12];
   int ndims_ = 0;
+  // Kernel positions of the other arguments that only the kernel checks.
+  struct ParamSeen {
+    const char* name;
+    int position;
+  };
+  ParamSeen params_[12];
+  int nparams_ = 0;
 };
 
 }  // namespace zem::la

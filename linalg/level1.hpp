@@ -69,6 +69,44 @@ inline double nrm2_3acc(long n, const double* x) noexcept {
   return x3max * std::sqrt(s3);
 }
 
+// A Euclidean norm held as scale * sqrt(ssq), scale being the largest
+// partial norm added so far: partial norms (of vectors, columns, segments)
+// combine without overflow or destructive underflow wherever the total is
+// representable.  An infinite part makes the total infinite, a NaN makes it
+// NaN.
+struct ScaledSsq {
+  double scale = 0.0;
+  double ssq = 1.0;
+
+  // Adds `times` copies of t*t, t >= 0 a partial norm.
+  void add(double t, double times = 1.0) noexcept {
+    if (t == 0.0 || std::isnan(scale)) return;
+    if (std::isnan(t) || std::isinf(t)) {
+      scale = t;
+      ssq = 1.0;
+      return;
+    }
+    if (scale < t) {
+      const double r = scale / t;
+      ssq = scale == 0.0 ? times : times + ssq * r * r;
+      scale = t;
+    } else {
+      const double r = t / scale;
+      ssq += times * r * r;
+    }
+  }
+  double value() const noexcept { return scale * std::sqrt(ssq); }
+};
+
+// |re + i im| without overflow or destructive underflow: the plain square
+// root where the sum of squares is a normal number, hypot otherwise.
+inline double cabs(double re, double im) noexcept {
+  const double s = re * re + im * im;
+  if (s >= 2.2250738585072014e-308 && s <= 1.7976931348623157e308) return std::sqrt(s);
+  if (re == 0.0 && im == 0.0) return 0.0;
+  return std::hypot(re, im);
+}
+
 inline double dot(long n, const double* x, long incx, const double* y, long incy) noexcept {
   double s = 0.0;
   for (long i = 0; i < n; ++i, x += incx, y += incy) s += *x * *y;

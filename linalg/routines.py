@@ -21,11 +21,31 @@ arguments in order.  Argument tokens:
   x|y;arg                in a size: x when the enumerator arg is NoTrans,
                          LeftSide or Upper, else y
   X:out                  a real scalar result (double *)
+  X:int                  an integer scalar that only the kernel checks (ilo)
+  X:iout                 an integer scalar result (int32_t *), or :io both
+  X:bvec(len)            a Boolean vector (int32_t)
+  X:upto(b) X:from(b)    dimensions with a bound: 0 <= X <= b, X >= b
+  X:enum(Zem_A=L,...)    an enumerator with its own letters (the first pair
+                         is the value of the argument tests)
+  X=K:...                K is the kernel's name of the argument
+  ...:when(c)            referenced only under c (arg!=L, arg=LM, dim>0):
+                         else it may be null, its leading dimension >= 1
+  ...:full(c)            a triangle on entry, a full matrix on exit under c
   ...:i :o :io           input (default), output, both
 
+A row may also give `let` (names for sizes, in size syntax), `extra`
+(kernel arguments the export does not have, as C expressions), `validates`
+(arrays whose contents the kernel checks), `query_reads` (the workspace
+query reads the matrices, so it runs after the copies) and `probe` (for integer
+scalars: a valid value and one the kernel refuses, at size 3, for the
+argument tests).  A negative info that names an argument other than a
+dimension or leading dimension is reported as NE_BAD_PARAM naming it.
+
 Sizes are C expressions of the dimensions (MIN and MAX allowed), and read as
-written in the constraint texts.  `work` gives the sizes of the kernel's
-workspace arrays; a kernel with lwork is asked for its optimal size.
+written in the constraint texts; x|y;arg=L selects x when the enumerator
+arg has the letter L (by default its first: NoTrans, LeftSide, Upper).
+`work` gives the sizes of the kernel's workspace arrays; a kernel with
+lwork (lrwork, liwork) is asked for its optimal sizes.
 `info` names the report of a positive info (INFO below).
 
 Rows with api='cblas' call the CBLAS routine, which takes the storage order
@@ -43,10 +63,14 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import table_f06  # noqa: E402
 import table_f07  # noqa: E402
+import table_f08  # noqa: E402
+import table_f16  # noqa: E402
 
 CHAPTERS = {
-    'f06': 'f06: matrix-vector and matrix-matrix operations (BLAS levels 2 and 3) over CBLAS.',
+    'f06': 'f06: vector, matrix-vector and matrix-matrix operations (BLAS levels 1, 2 and 3).',
     'f07': 'f07: linear equations (LU, Cholesky and related factorisations) over LAPACK.',
+    'f08': 'f08: eigenproblems, orthogonal factorisations and the singular value decomposition over LAPACK.',
+    'f16': 'f16: the extended BLAS (vector and matrix loads, copies, norms and triangular solves).',
 }
 
 # Reports of a positive info: the catalogue row and the routine's own text,
@@ -78,4 +102,6 @@ INFO = {
 }
 
 
-ROUTINES = table_f06.ROWS + table_f07.ROWS
+INFO.update(table_f08.INFO)
+
+ROUTINES = table_f06.ROWS + table_f07.ROWS + table_f08.ROWS + table_f16.ROWS

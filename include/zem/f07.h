@@ -13,7 +13,7 @@ ZEM_BEGIN_DECLS
  *   n        dimension, >= 0
  *   a        in/out: m by n matrix
  *   pda      leading dimension of a
- *   ipiv     out: vector of length MIN(m
+ *   ipiv     out: vector of length MIN(m,n)
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07adc(Zem_OrderType order, int32_t m, int32_t n, double a[], int32_t pda, int32_t ipiv[], ZemError *fail);
 
@@ -41,7 +41,7 @@ ZEM_API void f07aec(Zem_OrderType order, Zem_TransType trans, int32_t n, int32_t
  *   pda      leading dimension of a
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07agc(Zem_OrderType order, Zem_NormType norm, int32_t n, const double a[], int32_t pda, double anorm, double *rcond, ZemError *fail);
 
 /* f07ahc: refines the solution X of A X = B or A^T X = B and returns forward and backward
@@ -82,7 +82,7 @@ ZEM_API void f07ajc(Zem_OrderType order, int32_t n, double a[], int32_t pda, con
  *   n        dimension, >= 0
  *   a        in/out: m by n matrix
  *   pda      leading dimension of a
- *   ipiv     out: vector of length MIN(m
+ *   ipiv     out: vector of length MIN(m,n)
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07arc(Zem_OrderType order, int32_t m, int32_t n, ZemComplex a[], int32_t pda, int32_t ipiv[], ZemError *fail);
 
@@ -110,7 +110,7 @@ ZEM_API void f07asc(Zem_OrderType order, Zem_TransType trans, int32_t n, int32_t
  *   pda      leading dimension of a
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07auc(Zem_OrderType order, Zem_NormType norm, int32_t n, const ZemComplex a[], int32_t pda, double anorm, double *rcond, ZemError *fail);
 
 /* f07avc: refines the solution X of A X = B, A^T X = B or A^H X = B and returns error bounds,
@@ -154,7 +154,7 @@ ZEM_API void f07awc(Zem_OrderType order, int32_t n, ZemComplex a[], int32_t pda,
  *   ku       dimension, >= 0
  *   ab       in/out: band matrix, kl sub- and ku super-diagonals (and kl more rows of workspace)
  *   pdab     leading dimension of ab
- *   ipiv     out: vector of length MIN(m
+ *   ipiv     out: vector of length MIN(m,n)
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07bdc(Zem_OrderType order, int32_t m, int32_t n, int32_t kl, int32_t ku, double ab[], int32_t pdab, int32_t ipiv[], ZemError *fail);
 
@@ -187,7 +187,7 @@ ZEM_API void f07bec(Zem_OrderType order, Zem_TransType trans, int32_t n, int32_t
  *   ipiv     in: vector of length n
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07bgc(Zem_OrderType order, Zem_NormType norm, int32_t n, int32_t kl, int32_t ku, const double ab[], int32_t pdab, const int32_t ipiv[], double anorm, double *rcond, ZemError *fail);
 
 /* f07bhc: refines the solution of a real band system and returns error bounds, given A
@@ -222,7 +222,7 @@ ZEM_API void f07bhc(Zem_OrderType order, Zem_TransType trans, int32_t n, int32_t
  *   ku       dimension, >= 0
  *   ab       in/out: band matrix, kl sub- and ku super-diagonals (and kl more rows of workspace)
  *   pdab     leading dimension of ab
- *   ipiv     out: vector of length MIN(m
+ *   ipiv     out: vector of length MIN(m,n)
  * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_SINGULAR (info > 0), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07brc(Zem_OrderType order, int32_t m, int32_t n, int32_t kl, int32_t ku, ZemComplex ab[], int32_t pdab, int32_t ipiv[], ZemError *fail);
 
@@ -255,7 +255,7 @@ ZEM_API void f07bsc(Zem_OrderType order, Zem_TransType trans, int32_t n, int32_t
  *   ipiv     in: vector of length n
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07buc(Zem_OrderType order, Zem_NormType norm, int32_t n, int32_t kl, int32_t ku, const ZemComplex ab[], int32_t pdab, const int32_t ipiv[], double anorm, double *rcond, ZemError *fail);
 
 /* f07bvc: refines the solution of a complex band system and returns error bounds.
@@ -314,7 +314,7 @@ ZEM_API void f07fec(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   pda      leading dimension of a
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07fgc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const double a[], int32_t pda, double anorm, double *rcond, ZemError *fail);
 
 /* f07fhc: refines the solution of A X = B for a real symmetric positive definite A and
@@ -382,7 +382,7 @@ ZEM_API void f07fsc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   pda      leading dimension of a
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07fuc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const ZemComplex a[], int32_t pda, double anorm, double *rcond, ZemError *fail);
 
 /* f07fvc: refines the solution of A X = B for a complex Hermitian positive definite A and
@@ -457,7 +457,7 @@ ZEM_API void f07gec(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   ap       in: triangle uplo of an order n matrix, packed
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07ggc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const double ap[], double anorm, double *rcond, ZemError *fail);
 
 /* f07ghc: refines the solution of A X = B for a packed real symmetric positive definite A
@@ -518,7 +518,7 @@ ZEM_API void f07gsc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   ap       in: triangle uplo of an order n matrix, packed
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07guc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const ZemComplex ap[], double anorm, double *rcond, ZemError *fail);
 
 /* f07gvc: refines the solution of A X = B for a packed complex Hermitian positive definite A.
@@ -584,7 +584,7 @@ ZEM_API void f07hec(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t k
  *   pdab     leading dimension of ab
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07hgc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t kd, const double ab[], int32_t pdab, double anorm, double *rcond, ZemError *fail);
 
 /* f07hhc: refines the solution of a real symmetric positive definite band system.
@@ -643,7 +643,7 @@ ZEM_API void f07hsc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t k
  *   pdab     leading dimension of ab
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07huc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t kd, const ZemComplex ab[], int32_t pdab, double anorm, double *rcond, ZemError *fail);
 
 /* f07hvc: refines the solution of a complex Hermitian positive definite band system.
@@ -703,7 +703,7 @@ ZEM_API void f07mec(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   ipiv     in: vector of length n
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07mgc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const double a[], int32_t pda, const int32_t ipiv[], double anorm, double *rcond, ZemError *fail);
 
 /* f07mhc: refines the solution of a real symmetric indefinite system and returns error bounds.
@@ -774,7 +774,7 @@ ZEM_API void f07msc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   ipiv     in: vector of length n
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07muc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const ZemComplex a[], int32_t pda, const int32_t ipiv[], double anorm, double *rcond, ZemError *fail);
 
 /* f07mvc: refines the solution of a complex Hermitian indefinite system.
@@ -843,7 +843,7 @@ ZEM_API void f07nsc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   ipiv     in: vector of length n
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07nuc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const ZemComplex a[], int32_t pda, const int32_t ipiv[], double anorm, double *rcond, ZemError *fail);
 
 /* f07nvc: refines the solution of a complex symmetric system.
@@ -909,7 +909,7 @@ ZEM_API void f07pec(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   ipiv     in: vector of length n
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07pgc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const double ap[], const int32_t ipiv[], double anorm, double *rcond, ZemError *fail);
 
 /* f07phc: refines the solution of a packed real symmetric indefinite system.
@@ -972,7 +972,7 @@ ZEM_API void f07psc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   ipiv     in: vector of length n
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07puc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const ZemComplex ap[], const int32_t ipiv[], double anorm, double *rcond, ZemError *fail);
 
 /* f07pvc: refines the solution of a packed complex Hermitian indefinite system.
@@ -1035,7 +1035,7 @@ ZEM_API void f07qsc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t n
  *   ipiv     in: vector of length n
  *   anorm    in: scalar
  *   rcond    out: scalar
- * Rows: NE_BAD_PARAM (null array, enumerator, order), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
+ * Rows: NE_BAD_PARAM (null array, enumerator, order, a value the kernel refuses), NE_INT/NE_INT_2 (sizes), NE_ALLOC_FAIL.  fail->errnum holds the kernel's info. */
 ZEM_API void f07quc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const ZemComplex ap[], const int32_t ipiv[], double anorm, double *rcond, ZemError *fail);
 
 /* f07qvc: refines the solution of a packed complex symmetric system.

@@ -55,6 +55,7 @@ ZEM_API void f07agc(Zem_OrderType order, Zem_NormType norm, int32_t n, const dou
   if (fr.order(order)) return;
   const int h_a = fr.matrix<double>({"a", "pda", 4, n, n, "n", "n", zem::la::Storage::General, zem::la::Intent::In}, a, pda);
   if (h_a < 0) return;
+  fr.param("anorm", 5);
   int32_t info = 0;
   zem::Workspace<double> work(static_cast<std::size_t>(std::max<long>(1, 4*n)));
   zem::Workspace<int32_t> iwork(static_cast<std::size_t>(std::max<long>(1, n)));
@@ -160,6 +161,7 @@ ZEM_API void f07auc(Zem_OrderType order, Zem_NormType norm, int32_t n, const Zem
   if (fr.order(order)) return;
   const int h_a = fr.matrix<ZemComplex>({"a", "pda", 4, n, n, "n", "n", zem::la::Storage::General, zem::la::Intent::In}, a, pda);
   if (h_a < 0) return;
+  fr.param("anorm", 5);
   int32_t info = 0;
   zem::Workspace<zem::la::Complex> work(static_cast<std::size_t>(std::max<long>(1, 2*n)));
   zem::Workspace<double> rwork(static_cast<std::size_t>(std::max<long>(1, 2*n)));
@@ -271,6 +273,7 @@ ZEM_API void f07bgc(Zem_OrderType order, Zem_NormType norm, int32_t n, int32_t k
   if (fr.order(order)) return;
   const int h_ab = fr.matrix<double>({"ab", "pdab", 6, n, n, "n", "n", zem::la::Storage::Band, zem::la::Intent::In, kl, ku, kl, "pdab >= kl+ku+kl+1"}, ab, pdab);
   if (h_ab < 0) return;
+  fr.param("anorm", 8);
   int32_t info = 0;
   zem::Workspace<double> work(static_cast<std::size_t>(std::max<long>(1, 3*n)));
   zem::Workspace<int32_t> iwork(static_cast<std::size_t>(std::max<long>(1, n)));
@@ -360,6 +363,7 @@ ZEM_API void f07buc(Zem_OrderType order, Zem_NormType norm, int32_t n, int32_t k
   if (fr.order(order)) return;
   const int h_ab = fr.matrix<ZemComplex>({"ab", "pdab", 6, n, n, "n", "n", zem::la::Storage::Band, zem::la::Intent::In, kl, ku, kl, "pdab >= kl+ku+kl+1"}, ab, pdab);
   if (h_ab < 0) return;
+  fr.param("anorm", 8);
   int32_t info = 0;
   zem::Workspace<zem::la::Complex> work(static_cast<std::size_t>(std::max<long>(1, 2*n)));
   zem::Workspace<double> rwork(static_cast<std::size_t>(std::max<long>(1, n)));
@@ -444,6 +448,7 @@ ZEM_API void f07fgc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const dou
   if (fr.order(order)) return;
   const int h_a = fr.matrix<double>({"a", "pda", 4, n, n, "n", "n", (uplo_c == 'U' ? zem::la::Storage::Upper : zem::la::Storage::Lower), zem::la::Intent::In}, a, pda);
   if (h_a < 0) return;
+  fr.param("anorm", 5);
   int32_t info = 0;
   zem::Workspace<double> work(static_cast<std::size_t>(std::max<long>(1, 3*n)));
   zem::Workspace<int32_t> iwork(static_cast<std::size_t>(std::max<long>(1, n)));
@@ -541,6 +546,7 @@ ZEM_API void f07fuc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const Zem
   if (fr.order(order)) return;
   const int h_a = fr.matrix<ZemComplex>({"a", "pda", 4, n, n, "n", "n", (uplo_c == 'U' ? zem::la::Storage::Upper : zem::la::Storage::Lower), zem::la::Intent::In}, a, pda);
   if (h_a < 0) return;
+  fr.param("anorm", 5);
   int32_t info = 0;
   zem::Workspace<zem::la::Complex> work(static_cast<std::size_t>(std::max<long>(1, 2*n)));
   zem::Workspace<double> rwork(static_cast<std::size_t>(std::max<long>(1, n)));
@@ -653,6 +659,7 @@ ZEM_API void f07ggc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const dou
   if (fr.order(order)) return;
   const int h_ap = fr.matrix<double>({"ap", nullptr, 0, n, n, "n", "n", (uplo_c == 'U' ? zem::la::Storage::PackedUpper : zem::la::Storage::PackedLower), zem::la::Intent::In}, ap, 1);
   if (h_ap < 0) return;
+  fr.param("anorm", 4);
   int32_t info = 0;
   zem::Workspace<double> work(static_cast<std::size_t>(std::max<long>(1, 3*n)));
   zem::Workspace<int32_t> iwork(static_cast<std::size_t>(std::max<long>(1, n)));
@@ -750,6 +757,7 @@ ZEM_API void f07guc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const Zem
   if (fr.order(order)) return;
   const int h_ap = fr.matrix<ZemComplex>({"ap", nullptr, 0, n, n, "n", "n", (uplo_c == 'U' ? zem::la::Storage::PackedUpper : zem::la::Storage::PackedLower), zem::la::Intent::In}, ap, 1);
   if (h_ap < 0) return;
+  fr.param("anorm", 4);
   int32_t info = 0;
   zem::Workspace<zem::la::Complex> work(static_cast<std::size_t>(std::max<long>(1, 2*n)));
   zem::Workspace<double> rwork(static_cast<std::size_t>(std::max<long>(1, n)));
@@ -850,6 +858,7 @@ ZEM_API void f07hgc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t k
   if (fr.order(order)) return;
   const int h_ab = fr.matrix<double>({"ab", "pdab", 5, n, n, "n", "n", zem::la::Storage::Band, zem::la::Intent::In, (uplo_c == 'L' ? kd : 0), (uplo_c == 'U' ? kd : 0), 0, "pdab >= kd+1"}, ab, pdab);
   if (h_ab < 0) return;
+  fr.param("anorm", 6);
   int32_t info = 0;
   zem::Workspace<double> work(static_cast<std::size_t>(std::max<long>(1, 3*n)));
   zem::Workspace<int32_t> iwork(static_cast<std::size_t>(std::max<long>(1, n)));
@@ -936,6 +945,7 @@ ZEM_API void f07huc(Zem_OrderType order, Zem_UploType uplo, int32_t n, int32_t k
   if (fr.order(order)) return;
   const int h_ab = fr.matrix<ZemComplex>({"ab", "pdab", 5, n, n, "n", "n", zem::la::Storage::Band, zem::la::Intent::In, (uplo_c == 'L' ? kd : 0), (uplo_c == 'U' ? kd : 0), 0, "pdab >= kd+1"}, ab, pdab);
   if (h_ab < 0) return;
+  fr.param("anorm", 6);
   int32_t info = 0;
   zem::Workspace<zem::la::Complex> work(static_cast<std::size_t>(std::max<long>(1, 2*n)));
   zem::Workspace<double> rwork(static_cast<std::size_t>(std::max<long>(1, n)));
@@ -1030,6 +1040,7 @@ ZEM_API void f07mgc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const dou
   if (fr.order(order)) return;
   const int h_a = fr.matrix<double>({"a", "pda", 4, n, n, "n", "n", (uplo_c == 'U' ? zem::la::Storage::Upper : zem::la::Storage::Lower), zem::la::Intent::In}, a, pda);
   if (h_a < 0) return;
+  fr.param("anorm", 6);
   int32_t info = 0;
   zem::Workspace<double> work(static_cast<std::size_t>(std::max<long>(1, 2*n)));
   zem::Workspace<int32_t> iwork(static_cast<std::size_t>(std::max<long>(1, n)));
@@ -1143,6 +1154,7 @@ ZEM_API void f07muc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const Zem
   if (fr.order(order)) return;
   const int h_a = fr.matrix<ZemComplex>({"a", "pda", 4, n, n, "n", "n", (uplo_c == 'U' ? zem::la::Storage::Upper : zem::la::Storage::Lower), zem::la::Intent::In}, a, pda);
   if (h_a < 0) return;
+  fr.param("anorm", 6);
   int32_t info = 0;
   zem::Workspace<zem::la::Complex> work(static_cast<std::size_t>(std::max<long>(1, 2*n)));
   if (!work) {
@@ -1255,6 +1267,7 @@ ZEM_API void f07nuc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const Zem
   if (fr.order(order)) return;
   const int h_a = fr.matrix<ZemComplex>({"a", "pda", 4, n, n, "n", "n", (uplo_c == 'U' ? zem::la::Storage::Upper : zem::la::Storage::Lower), zem::la::Intent::In}, a, pda);
   if (h_a < 0) return;
+  fr.param("anorm", 6);
   int32_t info = 0;
   zem::Workspace<zem::la::Complex> work(static_cast<std::size_t>(std::max<long>(1, 2*n)));
   if (!work) {
@@ -1356,6 +1369,7 @@ ZEM_API void f07pgc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const dou
   if (fr.order(order)) return;
   const int h_ap = fr.matrix<double>({"ap", nullptr, 0, n, n, "n", "n", (uplo_c == 'U' ? zem::la::Storage::PackedUpper : zem::la::Storage::PackedLower), zem::la::Intent::In}, ap, 1);
   if (h_ap < 0) return;
+  fr.param("anorm", 5);
   int32_t info = 0;
   zem::Workspace<double> work(static_cast<std::size_t>(std::max<long>(1, 2*n)));
   zem::Workspace<int32_t> iwork(static_cast<std::size_t>(std::max<long>(1, n)));
@@ -1458,6 +1472,7 @@ ZEM_API void f07puc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const Zem
   if (fr.order(order)) return;
   const int h_ap = fr.matrix<ZemComplex>({"ap", nullptr, 0, n, n, "n", "n", (uplo_c == 'U' ? zem::la::Storage::PackedUpper : zem::la::Storage::PackedLower), zem::la::Intent::In}, ap, 1);
   if (h_ap < 0) return;
+  fr.param("anorm", 5);
   int32_t info = 0;
   zem::Workspace<zem::la::Complex> work(static_cast<std::size_t>(std::max<long>(1, 2*n)));
   if (!work) {
@@ -1559,6 +1574,7 @@ ZEM_API void f07quc(Zem_OrderType order, Zem_UploType uplo, int32_t n, const Zem
   if (fr.order(order)) return;
   const int h_ap = fr.matrix<ZemComplex>({"ap", nullptr, 0, n, n, "n", "n", (uplo_c == 'U' ? zem::la::Storage::PackedUpper : zem::la::Storage::PackedLower), zem::la::Intent::In}, ap, 1);
   if (h_ap < 0) return;
+  fr.param("anorm", 5);
   int32_t info = 0;
   zem::Workspace<zem::la::Complex> work(static_cast<std::size_t>(std::max<long>(1, 2*n)));
   if (!work) {

@@ -8,40 +8,31 @@
 
 namespace {
 
-struct Expect { int32_t code; const char* name; };
-// The first report of a call, and the argument its message names.
-void check(const ZemError& e, const Expect& x) {
-  EXPECT_EQ(e.code, x.code) << e.message;
-  EXPECT_NE(std::string(e.message).find(x.name), std::string::npos) << e.message;
-}
+// Makes the call, then checks the row of its report and the argument the
+// message names.
+#define EXPECT_ROW(call, row, name)                                              \
+  do {                                                                          \
+    call;                                                                       \
+    EXPECT_EQ(e.code, row) << e.message;                                        \
+    EXPECT_NE(std::string(e.message).find(name), std::string::npos) << e.message; \
+  } while (0)
 
 TEST(F06Errors, f06pac) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> x_buf(100);
   std::vector<double> y_buf(100);
-  f06pac(Zem_RowMajor, Zem_NoTrans, 3, 3, 1.0, nullptr, 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06pac(Zem_RowMajor, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, nullptr, 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06pac(Zem_RowMajor, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06pac(Zem_RowMajor, -7, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06pac(Zem_RowMajor, Zem_NoTrans, -1, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "m"});
-  f06pac(Zem_RowMajor, Zem_NoTrans, 3, -1, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06pac(Zem_RowMajor, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 0, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "incx"});
-  f06pac(Zem_RowMajor, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 0, &e);
-  check(e, {NE_INT, "incy"});
-  f06pac(7, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06pac(Zem_RowMajor, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06pac(Zem_ColMajor, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06pac(Zem_RowMajor, Zem_NoTrans, 3, 3, 1.0, nullptr, 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06pac(Zem_RowMajor, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, nullptr, 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06pac(Zem_RowMajor, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, nullptr, 1, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06pac(Zem_RowMajor, -7, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06pac(Zem_RowMajor, Zem_NoTrans, -1, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT, "m");
+  EXPECT_ROW(f06pac(Zem_RowMajor, Zem_NoTrans, 3, -1, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06pac(Zem_RowMajor, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 0, 1.0, y_buf.data(), 1, &e), NE_INT, "incx");
+  EXPECT_ROW(f06pac(Zem_RowMajor, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 0, &e), NE_INT, "incy");
+  EXPECT_ROW(f06pac(7, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06pac(Zem_RowMajor, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06pac(Zem_ColMajor, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06pbc) {
@@ -49,30 +40,18 @@ TEST(F06Errors, f06pbc) {
   std::vector<double> a_buf(100);
   std::vector<double> x_buf(100);
   std::vector<double> y_buf(100);
-  f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, 1.0, nullptr, 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, 1.0, a_buf.data(), 12, nullptr, 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06pbc(Zem_RowMajor, -7, 3, 3, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06pbc(Zem_RowMajor, Zem_NoTrans, -1, 3, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "m"});
-  f06pbc(Zem_RowMajor, Zem_NoTrans, 3, -1, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, -1, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "kl"});
-  f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, -1, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "ku"});
-  f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 0, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "incx"});
-  f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 0, &e);
-  check(e, {NE_INT, "incy"});
-  f06pbc(7, Zem_NoTrans, 3, 3, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, 1.0, a_buf.data(), 0, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "pda"});
+  EXPECT_ROW(f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, 1.0, nullptr, 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, 1.0, a_buf.data(), 12, nullptr, 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, nullptr, 1, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06pbc(Zem_RowMajor, -7, 3, 3, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06pbc(Zem_RowMajor, Zem_NoTrans, -1, 3, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT, "m");
+  EXPECT_ROW(f06pbc(Zem_RowMajor, Zem_NoTrans, 3, -1, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, -1, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT, "kl");
+  EXPECT_ROW(f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, -1, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT, "ku");
+  EXPECT_ROW(f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 0, 1.0, y_buf.data(), 1, &e), NE_INT, "incx");
+  EXPECT_ROW(f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 0, &e), NE_INT, "incy");
+  EXPECT_ROW(f06pbc(7, Zem_NoTrans, 3, 3, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06pbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, 1.0, a_buf.data(), 0, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT, "pda");
 }
 
 TEST(F06Errors, f06pcc) {
@@ -80,26 +59,16 @@ TEST(F06Errors, f06pcc) {
   std::vector<double> a_buf(100);
   std::vector<double> x_buf(100);
   std::vector<double> y_buf(100);
-  f06pcc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06pcc(Zem_RowMajor, Zem_Upper, 3, 1.0, a_buf.data(), 12, nullptr, 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06pcc(Zem_RowMajor, Zem_Upper, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06pcc(Zem_RowMajor, -7, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06pcc(Zem_RowMajor, Zem_Upper, -1, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06pcc(Zem_RowMajor, Zem_Upper, 3, 1.0, a_buf.data(), 12, x_buf.data(), 0, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "incx"});
-  f06pcc(Zem_RowMajor, Zem_Upper, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 0, &e);
-  check(e, {NE_INT, "incy"});
-  f06pcc(7, Zem_Upper, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06pcc(Zem_RowMajor, Zem_Upper, 3, 1.0, a_buf.data(), 2, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06pcc(Zem_ColMajor, Zem_Upper, 3, 1.0, a_buf.data(), 2, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06pcc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06pcc(Zem_RowMajor, Zem_Upper, 3, 1.0, a_buf.data(), 12, nullptr, 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06pcc(Zem_RowMajor, Zem_Upper, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, nullptr, 1, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06pcc(Zem_RowMajor, -7, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06pcc(Zem_RowMajor, Zem_Upper, -1, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06pcc(Zem_RowMajor, Zem_Upper, 3, 1.0, a_buf.data(), 12, x_buf.data(), 0, 1.0, y_buf.data(), 1, &e), NE_INT, "incx");
+  EXPECT_ROW(f06pcc(Zem_RowMajor, Zem_Upper, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 0, &e), NE_INT, "incy");
+  EXPECT_ROW(f06pcc(7, Zem_Upper, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06pcc(Zem_RowMajor, Zem_Upper, 3, 1.0, a_buf.data(), 2, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06pcc(Zem_ColMajor, Zem_Upper, 3, 1.0, a_buf.data(), 2, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06pdc) {
@@ -107,26 +76,16 @@ TEST(F06Errors, f06pdc) {
   std::vector<double> a_buf(100);
   std::vector<double> x_buf(100);
   std::vector<double> y_buf(100);
-  f06pdc(Zem_RowMajor, Zem_Upper, 3, 3, 1.0, nullptr, 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06pdc(Zem_RowMajor, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, nullptr, 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06pdc(Zem_RowMajor, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06pdc(Zem_RowMajor, -7, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06pdc(Zem_RowMajor, Zem_Upper, -1, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06pdc(Zem_RowMajor, Zem_Upper, 3, -1, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "k"});
-  f06pdc(Zem_RowMajor, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 0, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "incx"});
-  f06pdc(Zem_RowMajor, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 0, &e);
-  check(e, {NE_INT, "incy"});
-  f06pdc(7, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06pdc(Zem_RowMajor, Zem_Upper, 3, 3, 1.0, a_buf.data(), 0, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "pda"});
+  EXPECT_ROW(f06pdc(Zem_RowMajor, Zem_Upper, 3, 3, 1.0, nullptr, 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06pdc(Zem_RowMajor, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, nullptr, 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06pdc(Zem_RowMajor, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, nullptr, 1, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06pdc(Zem_RowMajor, -7, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06pdc(Zem_RowMajor, Zem_Upper, -1, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06pdc(Zem_RowMajor, Zem_Upper, 3, -1, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT, "k");
+  EXPECT_ROW(f06pdc(Zem_RowMajor, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 0, 1.0, y_buf.data(), 1, &e), NE_INT, "incx");
+  EXPECT_ROW(f06pdc(Zem_RowMajor, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 0, &e), NE_INT, "incy");
+  EXPECT_ROW(f06pdc(7, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06pdc(Zem_RowMajor, Zem_Upper, 3, 3, 1.0, a_buf.data(), 0, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT, "pda");
 }
 
 TEST(F06Errors, f06pec) {
@@ -134,170 +93,106 @@ TEST(F06Errors, f06pec) {
   std::vector<double> ap_buf(100);
   std::vector<double> x_buf(100);
   std::vector<double> y_buf(100);
-  f06pec(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f06pec(Zem_RowMajor, Zem_Upper, 3, 1.0, ap_buf.data(), nullptr, 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06pec(Zem_RowMajor, Zem_Upper, 3, 1.0, ap_buf.data(), x_buf.data(), 1, 1.0, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06pec(Zem_RowMajor, -7, 3, 1.0, ap_buf.data(), x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06pec(Zem_RowMajor, Zem_Upper, -1, 1.0, ap_buf.data(), x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06pec(Zem_RowMajor, Zem_Upper, 3, 1.0, ap_buf.data(), x_buf.data(), 0, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "incx"});
-  f06pec(Zem_RowMajor, Zem_Upper, 3, 1.0, ap_buf.data(), x_buf.data(), 1, 1.0, y_buf.data(), 0, &e);
-  check(e, {NE_INT, "incy"});
-  f06pec(7, Zem_Upper, 3, 1.0, ap_buf.data(), x_buf.data(), 1, 1.0, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f06pec(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f06pec(Zem_RowMajor, Zem_Upper, 3, 1.0, ap_buf.data(), nullptr, 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06pec(Zem_RowMajor, Zem_Upper, 3, 1.0, ap_buf.data(), x_buf.data(), 1, 1.0, nullptr, 1, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06pec(Zem_RowMajor, -7, 3, 1.0, ap_buf.data(), x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06pec(Zem_RowMajor, Zem_Upper, -1, 1.0, ap_buf.data(), x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06pec(Zem_RowMajor, Zem_Upper, 3, 1.0, ap_buf.data(), x_buf.data(), 0, 1.0, y_buf.data(), 1, &e), NE_INT, "incx");
+  EXPECT_ROW(f06pec(Zem_RowMajor, Zem_Upper, 3, 1.0, ap_buf.data(), x_buf.data(), 1, 1.0, y_buf.data(), 0, &e), NE_INT, "incy");
+  EXPECT_ROW(f06pec(7, Zem_Upper, 3, 1.0, ap_buf.data(), x_buf.data(), 1, 1.0, y_buf.data(), 1, &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F06Errors, f06pfc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> x_buf(100);
-  f06pfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06pfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06pfc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06pfc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06pfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06pfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06pfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 0, &e);
-  check(e, {NE_INT, "incx"});
-  f06pfc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06pfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06pfc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06pfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06pfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, nullptr, 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06pfc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06pfc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06pfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06pfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, a_buf.data(), 12, x_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06pfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 0, &e), NE_INT, "incx");
+  EXPECT_ROW(f06pfc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06pfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06pfc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06pgc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> x_buf(100);
-  f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06pgc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06pgc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "k"});
-  f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 0, &e);
-  check(e, {NE_INT, "incx"});
-  f06pgc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 0, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "pda"});
+  EXPECT_ROW(f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06pgc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06pgc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, x_buf.data(), 1, &e), NE_INT, "k");
+  EXPECT_ROW(f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 0, &e), NE_INT, "incx");
+  EXPECT_ROW(f06pgc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06pgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 0, x_buf.data(), 1, &e), NE_INT, "pda");
 }
 
 TEST(F06Errors, f06phc) {
   ZemError e{};
   std::vector<double> ap_buf(100);
   std::vector<double> x_buf(100);
-  f06phc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f06phc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06phc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06phc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06phc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06phc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06phc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 0, &e);
-  check(e, {NE_INT, "incx"});
-  f06phc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f06phc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, x_buf.data(), 1, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f06phc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), nullptr, 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06phc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06phc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06phc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06phc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, ap_buf.data(), x_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06phc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 0, &e), NE_INT, "incx");
+  EXPECT_ROW(f06phc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F06Errors, f06pjc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> x_buf(100);
-  f06pjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06pjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06pjc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06pjc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06pjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06pjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06pjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 0, &e);
-  check(e, {NE_INT, "incx"});
-  f06pjc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06pjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06pjc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06pjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06pjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, nullptr, 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06pjc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06pjc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06pjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06pjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, a_buf.data(), 12, x_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06pjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 0, &e), NE_INT, "incx");
+  EXPECT_ROW(f06pjc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06pjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06pjc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06pkc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> x_buf(100);
-  f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06pkc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06pkc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "k"});
-  f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 0, &e);
-  check(e, {NE_INT, "incx"});
-  f06pkc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 0, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "pda"});
+  EXPECT_ROW(f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06pkc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06pkc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, x_buf.data(), 1, &e), NE_INT, "k");
+  EXPECT_ROW(f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 0, &e), NE_INT, "incx");
+  EXPECT_ROW(f06pkc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06pkc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 0, x_buf.data(), 1, &e), NE_INT, "pda");
 }
 
 TEST(F06Errors, f06plc) {
   ZemError e{};
   std::vector<double> ap_buf(100);
   std::vector<double> x_buf(100);
-  f06plc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f06plc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06plc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06plc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06plc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06plc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06plc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 0, &e);
-  check(e, {NE_INT, "incx"});
-  f06plc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f06plc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, x_buf.data(), 1, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f06plc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), nullptr, 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06plc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06plc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06plc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06plc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, ap_buf.data(), x_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06plc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 0, &e), NE_INT, "incx");
+  EXPECT_ROW(f06plc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F06Errors, f06pmc) {
@@ -305,66 +200,42 @@ TEST(F06Errors, f06pmc) {
   std::vector<double> x_buf(100);
   std::vector<double> y_buf(100);
   std::vector<double> a_buf(100);
-  f06pmc(Zem_RowMajor, 3, 3, 1.0, nullptr, 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06pmc(Zem_RowMajor, 3, 3, 1.0, x_buf.data(), 1, nullptr, 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06pmc(Zem_RowMajor, 3, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06pmc(Zem_RowMajor, -1, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "m"});
-  f06pmc(Zem_RowMajor, 3, -1, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06pmc(Zem_RowMajor, 3, 3, 1.0, x_buf.data(), 0, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "incx"});
-  f06pmc(Zem_RowMajor, 3, 3, 1.0, x_buf.data(), 1, y_buf.data(), 0, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "incy"});
-  f06pmc(7, 3, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06pmc(Zem_RowMajor, 3, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06pmc(Zem_ColMajor, 3, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06pmc(Zem_RowMajor, 3, 3, 1.0, nullptr, 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06pmc(Zem_RowMajor, 3, 3, 1.0, x_buf.data(), 1, nullptr, 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06pmc(Zem_RowMajor, 3, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06pmc(Zem_RowMajor, -1, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "m");
+  EXPECT_ROW(f06pmc(Zem_RowMajor, 3, -1, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06pmc(Zem_RowMajor, 3, 3, 1.0, x_buf.data(), 0, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "incx");
+  EXPECT_ROW(f06pmc(Zem_RowMajor, 3, 3, 1.0, x_buf.data(), 1, y_buf.data(), 0, a_buf.data(), 12, &e), NE_INT, "incy");
+  EXPECT_ROW(f06pmc(7, 3, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06pmc(Zem_RowMajor, 3, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06pmc(Zem_ColMajor, 3, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06ppc) {
   ZemError e{};
   std::vector<double> x_buf(100);
   std::vector<double> a_buf(100);
-  f06ppc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06ppc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06ppc(Zem_RowMajor, -7, 3, 1.0, x_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06ppc(Zem_RowMajor, Zem_Upper, -1, 1.0, x_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06ppc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 0, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "incx"});
-  f06ppc(7, Zem_Upper, 3, 1.0, x_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06ppc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06ppc(Zem_ColMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06ppc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06ppc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06ppc(Zem_RowMajor, -7, 3, 1.0, x_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06ppc(Zem_RowMajor, Zem_Upper, -1, 1.0, x_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06ppc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 0, a_buf.data(), 12, &e), NE_INT, "incx");
+  EXPECT_ROW(f06ppc(7, Zem_Upper, 3, 1.0, x_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06ppc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06ppc(Zem_ColMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06pqc) {
   ZemError e{};
   std::vector<double> x_buf(100);
   std::vector<double> ap_buf(100);
-  f06pqc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06pqc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f06pqc(Zem_RowMajor, -7, 3, 1.0, x_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06pqc(Zem_RowMajor, Zem_Upper, -1, 1.0, x_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f06pqc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 0, ap_buf.data(), &e);
-  check(e, {NE_INT, "incx"});
-  f06pqc(7, Zem_Upper, 3, 1.0, x_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f06pqc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 1, ap_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06pqc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, nullptr, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f06pqc(Zem_RowMajor, -7, 3, 1.0, x_buf.data(), 1, ap_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06pqc(Zem_RowMajor, Zem_Upper, -1, 1.0, x_buf.data(), 1, ap_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f06pqc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 0, ap_buf.data(), &e), NE_INT, "incx");
+  EXPECT_ROW(f06pqc(7, Zem_Upper, 3, 1.0, x_buf.data(), 1, ap_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F06Errors, f06prc) {
@@ -372,26 +243,16 @@ TEST(F06Errors, f06prc) {
   std::vector<double> x_buf(100);
   std::vector<double> y_buf(100);
   std::vector<double> a_buf(100);
-  f06prc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06prc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, nullptr, 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06prc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06prc(Zem_RowMajor, -7, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06prc(Zem_RowMajor, Zem_Upper, -1, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06prc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 0, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "incx"});
-  f06prc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 0, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "incy"});
-  f06prc(7, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06prc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06prc(Zem_ColMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06prc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06prc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, nullptr, 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06prc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06prc(Zem_RowMajor, -7, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06prc(Zem_RowMajor, Zem_Upper, -1, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06prc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 0, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "incx");
+  EXPECT_ROW(f06prc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 0, a_buf.data(), 12, &e), NE_INT, "incy");
+  EXPECT_ROW(f06prc(7, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06prc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06prc(Zem_ColMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06psc) {
@@ -399,22 +260,14 @@ TEST(F06Errors, f06psc) {
   std::vector<double> x_buf(100);
   std::vector<double> y_buf(100);
   std::vector<double> ap_buf(100);
-  f06psc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 1, y_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06psc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, nullptr, 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06psc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f06psc(Zem_RowMajor, -7, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06psc(Zem_RowMajor, Zem_Upper, -1, 1.0, x_buf.data(), 1, y_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f06psc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 0, y_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_INT, "incx"});
-  f06psc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 0, ap_buf.data(), &e);
-  check(e, {NE_INT, "incy"});
-  f06psc(7, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f06psc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 1, y_buf.data(), 1, ap_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06psc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, nullptr, 1, ap_buf.data(), &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06psc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, nullptr, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f06psc(Zem_RowMajor, -7, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, ap_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06psc(Zem_RowMajor, Zem_Upper, -1, 1.0, x_buf.data(), 1, y_buf.data(), 1, ap_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f06psc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 0, y_buf.data(), 1, ap_buf.data(), &e), NE_INT, "incx");
+  EXPECT_ROW(f06psc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 0, ap_buf.data(), &e), NE_INT, "incy");
+  EXPECT_ROW(f06psc(7, Zem_Upper, 3, 1.0, x_buf.data(), 1, y_buf.data(), 1, ap_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F06Errors, f06sac) {
@@ -422,28 +275,17 @@ TEST(F06Errors, f06sac) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> x_buf(100);
   std::vector<ZemComplex> y_buf(100);
-  f06sac(Zem_RowMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06sac(Zem_RowMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06sac(Zem_RowMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06sac(Zem_RowMajor, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06sac(Zem_RowMajor, Zem_NoTrans, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "m"});
-  f06sac(Zem_RowMajor, Zem_NoTrans, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06sac(Zem_RowMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 0, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "incx"});
-  f06sac(Zem_RowMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 0, &e);
-  check(e, {NE_INT, "incy"});
-  f06sac(7, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06sac(Zem_RowMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06sac(Zem_ColMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06sac(Zem_RowMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06sac(Zem_RowMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06sac(Zem_RowMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, nullptr, 1, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06sac(Zem_RowMajor, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06sac(Zem_RowMajor, Zem_NoTrans, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "m");
+  EXPECT_ROW(f06sac(Zem_RowMajor, Zem_NoTrans, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06sac(Zem_RowMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 0, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "incx");
+  EXPECT_ROW(f06sac(Zem_RowMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 0, &e), NE_INT, "incy");
+  EXPECT_ROW(f06sac(7, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06sac(Zem_RowMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06sac(Zem_ColMajor, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06sbc) {
@@ -451,30 +293,18 @@ TEST(F06Errors, f06sbc) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> x_buf(100);
   std::vector<ZemComplex> y_buf(100);
-  f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06sbc(Zem_RowMajor, -7, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06sbc(Zem_RowMajor, Zem_NoTrans, -1, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "m"});
-  f06sbc(Zem_RowMajor, Zem_NoTrans, 3, -1, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "kl"});
-  f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "ku"});
-  f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 0, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "incx"});
-  f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 0, &e);
-  check(e, {NE_INT, "incy"});
-  f06sbc(7, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 0, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "pda"});
+  EXPECT_ROW(f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, nullptr, 1, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06sbc(Zem_RowMajor, -7, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06sbc(Zem_RowMajor, Zem_NoTrans, -1, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "m");
+  EXPECT_ROW(f06sbc(Zem_RowMajor, Zem_NoTrans, 3, -1, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "kl");
+  EXPECT_ROW(f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "ku");
+  EXPECT_ROW(f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 0, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "incx");
+  EXPECT_ROW(f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 0, &e), NE_INT, "incy");
+  EXPECT_ROW(f06sbc(7, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06sbc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 0, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "pda");
 }
 
 TEST(F06Errors, f06scc) {
@@ -482,26 +312,16 @@ TEST(F06Errors, f06scc) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> x_buf(100);
   std::vector<ZemComplex> y_buf(100);
-  f06scc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, nullptr, 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06scc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06scc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06scc(Zem_RowMajor, -7, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06scc(Zem_RowMajor, Zem_Upper, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06scc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 0, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "incx"});
-  f06scc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 0, &e);
-  check(e, {NE_INT, "incy"});
-  f06scc(7, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06scc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06scc(Zem_ColMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06scc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, nullptr, 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06scc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06scc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, nullptr, 1, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06scc(Zem_RowMajor, -7, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06scc(Zem_RowMajor, Zem_Upper, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06scc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 0, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "incx");
+  EXPECT_ROW(f06scc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 0, &e), NE_INT, "incy");
+  EXPECT_ROW(f06scc(7, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06scc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06scc(Zem_ColMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06sdc) {
@@ -509,26 +329,16 @@ TEST(F06Errors, f06sdc) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> x_buf(100);
   std::vector<ZemComplex> y_buf(100);
-  f06sdc(Zem_RowMajor, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06sdc(Zem_RowMajor, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06sdc(Zem_RowMajor, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06sdc(Zem_RowMajor, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06sdc(Zem_RowMajor, Zem_Upper, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06sdc(Zem_RowMajor, Zem_Upper, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "k"});
-  f06sdc(Zem_RowMajor, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 0, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "incx"});
-  f06sdc(Zem_RowMajor, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 0, &e);
-  check(e, {NE_INT, "incy"});
-  f06sdc(7, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06sdc(Zem_RowMajor, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 0, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "pda"});
+  EXPECT_ROW(f06sdc(Zem_RowMajor, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06sdc(Zem_RowMajor, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06sdc(Zem_RowMajor, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, nullptr, 1, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06sdc(Zem_RowMajor, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06sdc(Zem_RowMajor, Zem_Upper, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06sdc(Zem_RowMajor, Zem_Upper, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "k");
+  EXPECT_ROW(f06sdc(Zem_RowMajor, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 0, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "incx");
+  EXPECT_ROW(f06sdc(Zem_RowMajor, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 0, &e), NE_INT, "incy");
+  EXPECT_ROW(f06sdc(7, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06sdc(Zem_RowMajor, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 0, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "pda");
 }
 
 TEST(F06Errors, f06sec) {
@@ -536,170 +346,106 @@ TEST(F06Errors, f06sec) {
   std::vector<ZemComplex> ap_buf(100);
   std::vector<ZemComplex> x_buf(100);
   std::vector<ZemComplex> y_buf(100);
-  f06sec(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, nullptr, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f06sec(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, ap_buf.data(), nullptr, 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06sec(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, ap_buf.data(), x_buf.data(), 1, ZemComplex{1.0, 0.0}, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06sec(Zem_RowMajor, -7, 3, ZemComplex{1.0, 0.0}, ap_buf.data(), x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06sec(Zem_RowMajor, Zem_Upper, -1, ZemComplex{1.0, 0.0}, ap_buf.data(), x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06sec(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, ap_buf.data(), x_buf.data(), 0, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_INT, "incx"});
-  f06sec(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, ap_buf.data(), x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 0, &e);
-  check(e, {NE_INT, "incy"});
-  f06sec(7, Zem_Upper, 3, ZemComplex{1.0, 0.0}, ap_buf.data(), x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f06sec(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, nullptr, x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f06sec(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, ap_buf.data(), nullptr, 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06sec(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, ap_buf.data(), x_buf.data(), 1, ZemComplex{1.0, 0.0}, nullptr, 1, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06sec(Zem_RowMajor, -7, 3, ZemComplex{1.0, 0.0}, ap_buf.data(), x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06sec(Zem_RowMajor, Zem_Upper, -1, ZemComplex{1.0, 0.0}, ap_buf.data(), x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06sec(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, ap_buf.data(), x_buf.data(), 0, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_INT, "incx");
+  EXPECT_ROW(f06sec(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, ap_buf.data(), x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 0, &e), NE_INT, "incy");
+  EXPECT_ROW(f06sec(7, Zem_Upper, 3, ZemComplex{1.0, 0.0}, ap_buf.data(), x_buf.data(), 1, ZemComplex{1.0, 0.0}, y_buf.data(), 1, &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F06Errors, f06sfc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> x_buf(100);
-  f06sfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06sfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06sfc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06sfc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06sfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06sfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06sfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 0, &e);
-  check(e, {NE_INT, "incx"});
-  f06sfc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06sfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06sfc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06sfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06sfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, nullptr, 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06sfc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06sfc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06sfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06sfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, a_buf.data(), 12, x_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06sfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 0, &e), NE_INT, "incx");
+  EXPECT_ROW(f06sfc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06sfc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06sfc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06sgc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> x_buf(100);
-  f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06sgc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06sgc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "k"});
-  f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 0, &e);
-  check(e, {NE_INT, "incx"});
-  f06sgc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 0, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "pda"});
+  EXPECT_ROW(f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06sgc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06sgc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, x_buf.data(), 1, &e), NE_INT, "k");
+  EXPECT_ROW(f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 0, &e), NE_INT, "incx");
+  EXPECT_ROW(f06sgc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06sgc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 0, x_buf.data(), 1, &e), NE_INT, "pda");
 }
 
 TEST(F06Errors, f06shc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
   std::vector<ZemComplex> x_buf(100);
-  f06shc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f06shc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06shc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06shc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06shc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06shc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06shc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 0, &e);
-  check(e, {NE_INT, "incx"});
-  f06shc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f06shc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, x_buf.data(), 1, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f06shc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), nullptr, 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06shc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06shc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06shc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06shc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, ap_buf.data(), x_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06shc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 0, &e), NE_INT, "incx");
+  EXPECT_ROW(f06shc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F06Errors, f06sjc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> x_buf(100);
-  f06sjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06sjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06sjc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06sjc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06sjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06sjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06sjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 0, &e);
-  check(e, {NE_INT, "incx"});
-  f06sjc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06sjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06sjc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06sjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06sjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, nullptr, 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06sjc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06sjc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06sjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06sjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, a_buf.data(), 12, x_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06sjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 0, &e), NE_INT, "incx");
+  EXPECT_ROW(f06sjc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06sjc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06sjc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, a_buf.data(), 2, x_buf.data(), 1, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06skc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> x_buf(100);
-  f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06skc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06skc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "k"});
-  f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 0, &e);
-  check(e, {NE_INT, "incx"});
-  f06skc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 0, x_buf.data(), 1, &e);
-  check(e, {NE_INT, "pda"});
+  EXPECT_ROW(f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06skc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06skc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, x_buf.data(), 1, &e), NE_INT, "k");
+  EXPECT_ROW(f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 0, &e), NE_INT, "incx");
+  EXPECT_ROW(f06skc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, x_buf.data(), 1, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06skc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 0, x_buf.data(), 1, &e), NE_INT, "pda");
 }
 
 TEST(F06Errors, f06slc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
   std::vector<ZemComplex> x_buf(100);
-  f06slc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f06slc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), nullptr, 1, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06slc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06slc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06slc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06slc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_INT, "n"});
-  f06slc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 0, &e);
-  check(e, {NE_INT, "incx"});
-  f06slc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f06slc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, nullptr, x_buf.data(), 1, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f06slc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), nullptr, 1, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06slc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06slc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06slc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06slc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, ap_buf.data(), x_buf.data(), 1, &e), NE_INT, "n");
+  EXPECT_ROW(f06slc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 0, &e), NE_INT, "incx");
+  EXPECT_ROW(f06slc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, ap_buf.data(), x_buf.data(), 1, &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F06Errors, f06smc) {
@@ -707,26 +453,16 @@ TEST(F06Errors, f06smc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<ZemComplex> y_buf(100);
   std::vector<ZemComplex> a_buf(100);
-  f06smc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06smc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, nullptr, 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06smc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06smc(Zem_RowMajor, -1, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "m"});
-  f06smc(Zem_RowMajor, 3, -1, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06smc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 0, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "incx"});
-  f06smc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 0, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "incy"});
-  f06smc(7, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06smc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06smc(Zem_ColMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06smc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06smc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, nullptr, 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06smc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06smc(Zem_RowMajor, -1, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "m");
+  EXPECT_ROW(f06smc(Zem_RowMajor, 3, -1, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06smc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 0, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "incx");
+  EXPECT_ROW(f06smc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 0, a_buf.data(), 12, &e), NE_INT, "incy");
+  EXPECT_ROW(f06smc(7, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06smc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06smc(Zem_ColMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06snc) {
@@ -734,66 +470,42 @@ TEST(F06Errors, f06snc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<ZemComplex> y_buf(100);
   std::vector<ZemComplex> a_buf(100);
-  f06snc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06snc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, nullptr, 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06snc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06snc(Zem_RowMajor, -1, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "m"});
-  f06snc(Zem_RowMajor, 3, -1, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06snc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 0, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "incx"});
-  f06snc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 0, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "incy"});
-  f06snc(7, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06snc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06snc(Zem_ColMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06snc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06snc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, nullptr, 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06snc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06snc(Zem_RowMajor, -1, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "m");
+  EXPECT_ROW(f06snc(Zem_RowMajor, 3, -1, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06snc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 0, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "incx");
+  EXPECT_ROW(f06snc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 0, a_buf.data(), 12, &e), NE_INT, "incy");
+  EXPECT_ROW(f06snc(7, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06snc(Zem_RowMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06snc(Zem_ColMajor, 3, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06spc) {
   ZemError e{};
   std::vector<ZemComplex> x_buf(100);
   std::vector<ZemComplex> a_buf(100);
-  f06spc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06spc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06spc(Zem_RowMajor, -7, 3, 1.0, x_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06spc(Zem_RowMajor, Zem_Upper, -1, 1.0, x_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06spc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 0, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "incx"});
-  f06spc(7, Zem_Upper, 3, 1.0, x_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06spc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06spc(Zem_ColMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06spc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06spc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06spc(Zem_RowMajor, -7, 3, 1.0, x_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06spc(Zem_RowMajor, Zem_Upper, -1, 1.0, x_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06spc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 0, a_buf.data(), 12, &e), NE_INT, "incx");
+  EXPECT_ROW(f06spc(7, Zem_Upper, 3, 1.0, x_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06spc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06spc(Zem_ColMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06sqc) {
   ZemError e{};
   std::vector<ZemComplex> x_buf(100);
   std::vector<ZemComplex> ap_buf(100);
-  f06sqc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06sqc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f06sqc(Zem_RowMajor, -7, 3, 1.0, x_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06sqc(Zem_RowMajor, Zem_Upper, -1, 1.0, x_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f06sqc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 0, ap_buf.data(), &e);
-  check(e, {NE_INT, "incx"});
-  f06sqc(7, Zem_Upper, 3, 1.0, x_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f06sqc(Zem_RowMajor, Zem_Upper, 3, 1.0, nullptr, 1, ap_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06sqc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 1, nullptr, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f06sqc(Zem_RowMajor, -7, 3, 1.0, x_buf.data(), 1, ap_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06sqc(Zem_RowMajor, Zem_Upper, -1, 1.0, x_buf.data(), 1, ap_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f06sqc(Zem_RowMajor, Zem_Upper, 3, 1.0, x_buf.data(), 0, ap_buf.data(), &e), NE_INT, "incx");
+  EXPECT_ROW(f06sqc(7, Zem_Upper, 3, 1.0, x_buf.data(), 1, ap_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F06Errors, f06src) {
@@ -801,26 +513,16 @@ TEST(F06Errors, f06src) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<ZemComplex> y_buf(100);
   std::vector<ZemComplex> a_buf(100);
-  f06src(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, nullptr, 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06src(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, nullptr, 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06src(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06src(Zem_RowMajor, -7, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06src(Zem_RowMajor, Zem_Upper, -1, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06src(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 0, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "incx"});
-  f06src(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 0, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "incy"});
-  f06src(7, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06src(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06src(Zem_ColMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f06src(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, nullptr, 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06src(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, nullptr, 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06src(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06src(Zem_RowMajor, -7, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06src(Zem_RowMajor, Zem_Upper, -1, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06src(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 0, y_buf.data(), 1, a_buf.data(), 12, &e), NE_INT, "incx");
+  EXPECT_ROW(f06src(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 0, a_buf.data(), 12, &e), NE_INT, "incy");
+  EXPECT_ROW(f06src(7, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06src(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06src(Zem_ColMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F06Errors, f06ssc) {
@@ -828,22 +530,14 @@ TEST(F06Errors, f06ssc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<ZemComplex> y_buf(100);
   std::vector<ZemComplex> ap_buf(100);
-  f06ssc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, nullptr, 1, y_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f06ssc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, nullptr, 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "y"});
-  f06ssc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f06ssc(Zem_RowMajor, -7, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06ssc(Zem_RowMajor, Zem_Upper, -1, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f06ssc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 0, y_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_INT, "incx"});
-  f06ssc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 0, ap_buf.data(), &e);
-  check(e, {NE_INT, "incy"});
-  f06ssc(7, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f06ssc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, nullptr, 1, y_buf.data(), 1, ap_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f06ssc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, nullptr, 1, ap_buf.data(), &e), NE_BAD_PARAM, "y");
+  EXPECT_ROW(f06ssc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, nullptr, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f06ssc(Zem_RowMajor, -7, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, ap_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06ssc(Zem_RowMajor, Zem_Upper, -1, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, ap_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f06ssc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 0, y_buf.data(), 1, ap_buf.data(), &e), NE_INT, "incx");
+  EXPECT_ROW(f06ssc(Zem_RowMajor, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 0, ap_buf.data(), &e), NE_INT, "incy");
+  EXPECT_ROW(f06ssc(7, Zem_Upper, 3, ZemComplex{1.0, 0.0}, x_buf.data(), 1, y_buf.data(), 1, ap_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F06Errors, f06yac) {
@@ -851,36 +545,21 @@ TEST(F06Errors, f06yac) {
   std::vector<double> a_buf(100);
   std::vector<double> b_buf(100);
   std::vector<double> c_buf(100);
-  f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, nullptr, 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, nullptr, 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "c"});
-  f06yac(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "transa"});
-  f06yac(Zem_RowMajor, Zem_NoTrans, -7, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "transb"});
-  f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, -1, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "m"});
-  f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, -1, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, -1, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "k"});
-  f06yac(7, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06yac(Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06yac(Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
-  f06yac(Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
+  EXPECT_ROW(f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, nullptr, 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, nullptr, 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, nullptr, 12, &e), NE_BAD_PARAM, "c");
+  EXPECT_ROW(f06yac(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "transa");
+  EXPECT_ROW(f06yac(Zem_RowMajor, Zem_NoTrans, -7, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "transb");
+  EXPECT_ROW(f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, -1, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "m");
+  EXPECT_ROW(f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, -1, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, -1, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "k");
+  EXPECT_ROW(f06yac(7, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06yac(Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06yac(Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06yac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e), NE_INT_2, "pdc");
+  EXPECT_ROW(f06yac(Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e), NE_INT_2, "pdc");
 }
 
 TEST(F06Errors, f06ycc) {
@@ -888,126 +567,75 @@ TEST(F06Errors, f06ycc) {
   std::vector<double> a_buf(100);
   std::vector<double> b_buf(100);
   std::vector<double> c_buf(100);
-  f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, nullptr, 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, nullptr, 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "c"});
-  f06ycc(Zem_RowMajor, -7, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "side"});
-  f06ycc(Zem_RowMajor, Zem_LeftSide, -7, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -1, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "m"});
-  f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, -1, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06ycc(7, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06ycc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06ycc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
-  f06ycc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
+  EXPECT_ROW(f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, nullptr, 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, nullptr, 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, nullptr, 12, &e), NE_BAD_PARAM, "c");
+  EXPECT_ROW(f06ycc(Zem_RowMajor, -7, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "side");
+  EXPECT_ROW(f06ycc(Zem_RowMajor, Zem_LeftSide, -7, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -1, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "m");
+  EXPECT_ROW(f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, -1, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06ycc(7, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06ycc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06ycc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06ycc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e), NE_INT_2, "pdc");
+  EXPECT_ROW(f06ycc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e), NE_INT_2, "pdc");
 }
 
 TEST(F06Errors, f06yfc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> b_buf(100);
-  f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, nullptr, 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f06yfc(Zem_RowMajor, -7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "side"});
-  f06yfc(Zem_RowMajor, Zem_LeftSide, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, -7, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "m"});
-  f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06yfc(7, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06yfc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06yfc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, nullptr, 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f06yfc(Zem_RowMajor, -7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "side");
+  EXPECT_ROW(f06yfc(Zem_RowMajor, Zem_LeftSide, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, -7, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "m");
+  EXPECT_ROW(f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06yfc(7, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06yfc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06yfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06yfc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F06Errors, f06yjc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> b_buf(100);
-  f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, nullptr, 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f06yjc(Zem_RowMajor, -7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "side"});
-  f06yjc(Zem_RowMajor, Zem_LeftSide, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, -7, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "m"});
-  f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06yjc(7, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06yjc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06yjc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, nullptr, 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f06yjc(Zem_RowMajor, -7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "side");
+  EXPECT_ROW(f06yjc(Zem_RowMajor, Zem_LeftSide, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, -7, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "m");
+  EXPECT_ROW(f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06yjc(7, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06yjc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06yjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06yjc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F06Errors, f06ypc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> c_buf(100);
-  f06ypc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, nullptr, 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06ypc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "c"});
-  f06ypc(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06ypc(Zem_RowMajor, Zem_Upper, -7, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06ypc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -1, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06ypc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, -1, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "k"});
-  f06ypc(7, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06ypc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06ypc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06ypc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
-  f06ypc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
+  EXPECT_ROW(f06ypc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, nullptr, 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06ypc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, nullptr, 12, &e), NE_BAD_PARAM, "c");
+  EXPECT_ROW(f06ypc(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06ypc(Zem_RowMajor, Zem_Upper, -7, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06ypc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -1, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06ypc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, -1, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "k");
+  EXPECT_ROW(f06ypc(7, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06ypc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06ypc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06ypc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 2, &e), NE_INT_2, "pdc");
+  EXPECT_ROW(f06ypc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 2, &e), NE_INT_2, "pdc");
 }
 
 TEST(F06Errors, f06yrc) {
@@ -1015,34 +643,20 @@ TEST(F06Errors, f06yrc) {
   std::vector<double> a_buf(100);
   std::vector<double> b_buf(100);
   std::vector<double> c_buf(100);
-  f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, nullptr, 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, nullptr, 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "c"});
-  f06yrc(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06yrc(Zem_RowMajor, Zem_Upper, -7, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -1, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, -1, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "k"});
-  f06yrc(7, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06yrc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06yrc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
-  f06yrc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
+  EXPECT_ROW(f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, nullptr, 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, nullptr, 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, nullptr, 12, &e), NE_BAD_PARAM, "c");
+  EXPECT_ROW(f06yrc(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06yrc(Zem_RowMajor, Zem_Upper, -7, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -1, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, -1, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "k");
+  EXPECT_ROW(f06yrc(7, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06yrc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06yrc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06yrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e), NE_INT_2, "pdc");
+  EXPECT_ROW(f06yrc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e), NE_INT_2, "pdc");
 }
 
 TEST(F06Errors, f06zac) {
@@ -1050,36 +664,21 @@ TEST(F06Errors, f06zac) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> b_buf(100);
   std::vector<ZemComplex> c_buf(100);
-  f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "c"});
-  f06zac(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "transa"});
-  f06zac(Zem_RowMajor, Zem_NoTrans, -7, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "transb"});
-  f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, -1, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "m"});
-  f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "k"});
-  f06zac(7, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zac(Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06zac(Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
-  f06zac(Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
+  EXPECT_ROW(f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, nullptr, 12, &e), NE_BAD_PARAM, "c");
+  EXPECT_ROW(f06zac(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "transa");
+  EXPECT_ROW(f06zac(Zem_RowMajor, Zem_NoTrans, -7, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "transb");
+  EXPECT_ROW(f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, -1, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT, "m");
+  EXPECT_ROW(f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT, "k");
+  EXPECT_ROW(f06zac(7, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zac(Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06zac(Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06zac(Zem_RowMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e), NE_INT_2, "pdc");
+  EXPECT_ROW(f06zac(Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, 3, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e), NE_INT_2, "pdc");
 }
 
 TEST(F06Errors, f06zcc) {
@@ -1087,126 +686,75 @@ TEST(F06Errors, f06zcc) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> b_buf(100);
   std::vector<ZemComplex> c_buf(100);
-  f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "c"});
-  f06zcc(Zem_RowMajor, -7, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "side"});
-  f06zcc(Zem_RowMajor, Zem_LeftSide, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "m"});
-  f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06zcc(7, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zcc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06zcc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
-  f06zcc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
+  EXPECT_ROW(f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, nullptr, 12, &e), NE_BAD_PARAM, "c");
+  EXPECT_ROW(f06zcc(Zem_RowMajor, -7, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "side");
+  EXPECT_ROW(f06zcc(Zem_RowMajor, Zem_LeftSide, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT, "m");
+  EXPECT_ROW(f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06zcc(7, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zcc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06zcc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06zcc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e), NE_INT_2, "pdc");
+  EXPECT_ROW(f06zcc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e), NE_INT_2, "pdc");
 }
 
 TEST(F06Errors, f06zfc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f06zfc(Zem_RowMajor, -7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "side"});
-  f06zfc(Zem_RowMajor, Zem_LeftSide, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "m"});
-  f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06zfc(7, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zfc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06zfc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f06zfc(Zem_RowMajor, -7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "side");
+  EXPECT_ROW(f06zfc(Zem_RowMajor, Zem_LeftSide, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "m");
+  EXPECT_ROW(f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06zfc(7, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zfc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zfc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06zfc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F06Errors, f06zjc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f06zjc(Zem_RowMajor, -7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "side"});
-  f06zjc(Zem_RowMajor, Zem_LeftSide, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "m"});
-  f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06zjc(7, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zjc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06zjc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f06zjc(Zem_RowMajor, -7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "side");
+  EXPECT_ROW(f06zjc(Zem_RowMajor, Zem_LeftSide, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "m");
+  EXPECT_ROW(f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06zjc(7, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zjc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zjc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06zjc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F06Errors, f06zpc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> c_buf(100);
-  f06zpc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, nullptr, 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06zpc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "c"});
-  f06zpc(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06zpc(Zem_RowMajor, Zem_Upper, -7, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06zpc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -1, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06zpc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, -1, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "k"});
-  f06zpc(7, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06zpc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zpc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zpc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
-  f06zpc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
+  EXPECT_ROW(f06zpc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, nullptr, 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06zpc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, nullptr, 12, &e), NE_BAD_PARAM, "c");
+  EXPECT_ROW(f06zpc(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06zpc(Zem_RowMajor, Zem_Upper, -7, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06zpc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -1, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06zpc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, -1, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "k");
+  EXPECT_ROW(f06zpc(7, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06zpc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zpc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 2, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zpc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 2, &e), NE_INT_2, "pdc");
+  EXPECT_ROW(f06zpc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, 1.0, a_buf.data(), 12, 1.0, c_buf.data(), 2, &e), NE_INT_2, "pdc");
 }
 
 TEST(F06Errors, f06zrc) {
@@ -1214,34 +762,20 @@ TEST(F06Errors, f06zrc) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> b_buf(100);
   std::vector<ZemComplex> c_buf(100);
-  f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "c"});
-  f06zrc(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06zrc(Zem_RowMajor, Zem_Upper, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "k"});
-  f06zrc(7, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zrc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06zrc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
-  f06zrc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
+  EXPECT_ROW(f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, nullptr, 12, &e), NE_BAD_PARAM, "c");
+  EXPECT_ROW(f06zrc(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06zrc(Zem_RowMajor, Zem_Upper, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT, "k");
+  EXPECT_ROW(f06zrc(7, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zrc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06zrc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, 1.0, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06zrc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e), NE_INT_2, "pdc");
+  EXPECT_ROW(f06zrc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, 1.0, c_buf.data(), 2, &e), NE_INT_2, "pdc");
 }
 
 TEST(F06Errors, f06ztc) {
@@ -1249,62 +783,37 @@ TEST(F06Errors, f06ztc) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> b_buf(100);
   std::vector<ZemComplex> c_buf(100);
-  f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "c"});
-  f06ztc(Zem_RowMajor, -7, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "side"});
-  f06ztc(Zem_RowMajor, Zem_LeftSide, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "m"});
-  f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06ztc(7, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06ztc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06ztc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
-  f06ztc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
+  EXPECT_ROW(f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, nullptr, 12, &e), NE_BAD_PARAM, "c");
+  EXPECT_ROW(f06ztc(Zem_RowMajor, -7, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "side");
+  EXPECT_ROW(f06ztc(Zem_RowMajor, Zem_LeftSide, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT, "m");
+  EXPECT_ROW(f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06ztc(7, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06ztc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06ztc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06ztc(Zem_RowMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e), NE_INT_2, "pdc");
+  EXPECT_ROW(f06ztc(Zem_ColMajor, Zem_LeftSide, Zem_Upper, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e), NE_INT_2, "pdc");
 }
 
 TEST(F06Errors, f06zuc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> c_buf(100);
-  f06zuc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06zuc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "c"});
-  f06zuc(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06zuc(Zem_RowMajor, Zem_Upper, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06zuc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06zuc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "k"});
-  f06zuc(7, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06zuc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zuc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zuc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
-  f06zuc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
+  EXPECT_ROW(f06zuc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06zuc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, nullptr, 12, &e), NE_BAD_PARAM, "c");
+  EXPECT_ROW(f06zuc(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06zuc(Zem_RowMajor, Zem_Upper, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06zuc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06zuc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT, "k");
+  EXPECT_ROW(f06zuc(7, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06zuc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zuc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zuc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e), NE_INT_2, "pdc");
+  EXPECT_ROW(f06zuc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e), NE_INT_2, "pdc");
 }
 
 TEST(F06Errors, f06zwc) {
@@ -1312,34 +821,20 @@ TEST(F06Errors, f06zwc) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> b_buf(100);
   std::vector<ZemComplex> c_buf(100);
-  f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "c"});
-  f06zwc(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f06zwc(Zem_RowMajor, Zem_Upper, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT, "k"});
-  f06zwc(7, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zwc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06zwc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
-  f06zwc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdc"});
+  EXPECT_ROW(f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, nullptr, 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, nullptr, 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, nullptr, 12, &e), NE_BAD_PARAM, "c");
+  EXPECT_ROW(f06zwc(Zem_RowMajor, -7, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f06zwc(Zem_RowMajor, Zem_Upper, -7, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -1, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, -1, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT, "k");
+  EXPECT_ROW(f06zwc(7, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zwc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 2, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06zwc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 2, ZemComplex{1.0, 0.0}, c_buf.data(), 12, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f06zwc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e), NE_INT_2, "pdc");
+  EXPECT_ROW(f06zwc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, 3, 3, ZemComplex{1.0, 0.0}, a_buf.data(), 12, b_buf.data(), 12, ZemComplex{1.0, 0.0}, c_buf.data(), 2, &e), NE_INT_2, "pdc");
 }
 
 }  // namespace

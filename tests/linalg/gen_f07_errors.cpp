@@ -8,31 +8,26 @@
 
 namespace {
 
-struct Expect { int32_t code; const char* name; };
-// The first report of a call, and the argument its message names.
-void check(const ZemError& e, const Expect& x) {
-  EXPECT_EQ(e.code, x.code) << e.message;
-  EXPECT_NE(std::string(e.message).find(x.name), std::string::npos) << e.message;
-}
+// Makes the call, then checks the row of its report and the argument the
+// message names.
+#define EXPECT_ROW(call, row, name)                                              \
+  do {                                                                          \
+    call;                                                                       \
+    EXPECT_EQ(e.code, row) << e.message;                                        \
+    EXPECT_NE(std::string(e.message).find(name), std::string::npos) << e.message; \
+  } while (0)
 
 TEST(F07Errors, f07adc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07adc(Zem_RowMajor, 3, 3, nullptr, 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07adc(Zem_RowMajor, 3, 3, a_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07adc(Zem_RowMajor, -1, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "m"});
-  f07adc(Zem_RowMajor, 3, -1, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07adc(7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07adc(Zem_RowMajor, 3, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07adc(Zem_ColMajor, 3, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07adc(Zem_RowMajor, 3, 3, nullptr, 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07adc(Zem_RowMajor, 3, 3, a_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07adc(Zem_RowMajor, -1, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "m");
+  EXPECT_ROW(f07adc(Zem_RowMajor, 3, -1, a_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07adc(7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07adc(Zem_RowMajor, 3, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07adc(Zem_ColMajor, 3, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07aec) {
@@ -40,48 +35,30 @@ TEST(F07Errors, f07aec) {
   std::vector<double> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<double> b_buf(100);
-  f07aec(Zem_RowMajor, Zem_NoTrans, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07aec(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07aec(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07aec(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07aec(Zem_RowMajor, Zem_NoTrans, -1, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07aec(Zem_RowMajor, Zem_NoTrans, 3, -1, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07aec(7, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07aec(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07aec(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07aec(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07aec(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07aec(Zem_RowMajor, Zem_NoTrans, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07aec(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07aec(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07aec(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07aec(Zem_RowMajor, Zem_NoTrans, -1, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07aec(Zem_RowMajor, Zem_NoTrans, 3, -1, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07aec(7, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07aec(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07aec(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07aec(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07aec(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07agc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> rcond_buf(100);
-  f07agc(Zem_RowMajor, Zem_OneNorm, 3, nullptr, 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07agc(Zem_RowMajor, Zem_OneNorm, 3, a_buf.data(), 12, 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07agc(Zem_RowMajor, -7, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "norm"});
-  f07agc(Zem_RowMajor, Zem_OneNorm, -1, a_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07agc(7, Zem_OneNorm, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07agc(Zem_RowMajor, Zem_OneNorm, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07agc(Zem_ColMajor, Zem_OneNorm, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07agc(Zem_RowMajor, Zem_OneNorm, 3, nullptr, 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07agc(Zem_RowMajor, Zem_OneNorm, 3, a_buf.data(), 12, 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07agc(Zem_RowMajor, -7, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "norm");
+  EXPECT_ROW(f07agc(Zem_RowMajor, Zem_OneNorm, -1, a_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07agc(7, Zem_OneNorm, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07agc(Zem_RowMajor, Zem_OneNorm, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07agc(Zem_ColMajor, Zem_OneNorm, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07ahc) {
@@ -93,82 +70,50 @@ TEST(F07Errors, f07ahc) {
   std::vector<double> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, nullptr, 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "af"});
-  f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07ahc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07ahc(Zem_RowMajor, Zem_NoTrans, -1, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07ahc(Zem_RowMajor, Zem_NoTrans, 3, -1, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07ahc(7, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07ahc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07ahc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07ahc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07ahc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, nullptr, 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "af");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, -1, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, 3, -1, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07ahc(7, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07ahc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07ahc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07ahc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07ahc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07ahc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07ajc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07ajc(Zem_RowMajor, 3, nullptr, 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07ajc(Zem_RowMajor, 3, a_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07ajc(Zem_RowMajor, -1, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07ajc(7, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07ajc(Zem_RowMajor, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07ajc(Zem_ColMajor, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07ajc(Zem_RowMajor, 3, nullptr, 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07ajc(Zem_RowMajor, 3, a_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07ajc(Zem_RowMajor, -1, a_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07ajc(7, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07ajc(Zem_RowMajor, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07ajc(Zem_ColMajor, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07arc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07arc(Zem_RowMajor, 3, 3, nullptr, 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07arc(Zem_RowMajor, 3, 3, a_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07arc(Zem_RowMajor, -1, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "m"});
-  f07arc(Zem_RowMajor, 3, -1, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07arc(7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07arc(Zem_RowMajor, 3, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07arc(Zem_ColMajor, 3, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07arc(Zem_RowMajor, 3, 3, nullptr, 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07arc(Zem_RowMajor, 3, 3, a_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07arc(Zem_RowMajor, -1, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "m");
+  EXPECT_ROW(f07arc(Zem_RowMajor, 3, -1, a_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07arc(7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07arc(Zem_RowMajor, 3, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07arc(Zem_ColMajor, 3, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07asc) {
@@ -176,48 +121,30 @@ TEST(F07Errors, f07asc) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f07asc(Zem_RowMajor, Zem_NoTrans, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07asc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07asc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07asc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07asc(Zem_RowMajor, Zem_NoTrans, -1, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07asc(Zem_RowMajor, Zem_NoTrans, 3, -1, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07asc(7, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07asc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07asc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07asc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07asc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07asc(Zem_RowMajor, Zem_NoTrans, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07asc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07asc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07asc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07asc(Zem_RowMajor, Zem_NoTrans, -1, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07asc(Zem_RowMajor, Zem_NoTrans, 3, -1, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07asc(7, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07asc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07asc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07asc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07asc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07auc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<double> rcond_buf(100);
-  f07auc(Zem_RowMajor, Zem_OneNorm, 3, nullptr, 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07auc(Zem_RowMajor, Zem_OneNorm, 3, a_buf.data(), 12, 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07auc(Zem_RowMajor, -7, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "norm"});
-  f07auc(Zem_RowMajor, Zem_OneNorm, -1, a_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07auc(7, Zem_OneNorm, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07auc(Zem_RowMajor, Zem_OneNorm, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07auc(Zem_ColMajor, Zem_OneNorm, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07auc(Zem_RowMajor, Zem_OneNorm, 3, nullptr, 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07auc(Zem_RowMajor, Zem_OneNorm, 3, a_buf.data(), 12, 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07auc(Zem_RowMajor, -7, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "norm");
+  EXPECT_ROW(f07auc(Zem_RowMajor, Zem_OneNorm, -1, a_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07auc(7, Zem_OneNorm, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07auc(Zem_RowMajor, Zem_OneNorm, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07auc(Zem_ColMajor, Zem_OneNorm, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07avc) {
@@ -229,84 +156,51 @@ TEST(F07Errors, f07avc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, nullptr, 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "af"});
-  f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07avc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07avc(Zem_RowMajor, Zem_NoTrans, -1, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07avc(Zem_RowMajor, Zem_NoTrans, 3, -1, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07avc(7, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07avc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07avc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07avc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07avc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, nullptr, 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "af");
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07avc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, -1, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, 3, -1, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07avc(7, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07avc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07avc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07avc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07avc(Zem_RowMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07avc(Zem_ColMajor, Zem_NoTrans, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07awc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07awc(Zem_RowMajor, 3, nullptr, 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07awc(Zem_RowMajor, 3, a_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07awc(Zem_RowMajor, -1, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07awc(7, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07awc(Zem_RowMajor, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07awc(Zem_ColMajor, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07awc(Zem_RowMajor, 3, nullptr, 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07awc(Zem_RowMajor, 3, a_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07awc(Zem_RowMajor, -1, a_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07awc(7, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07awc(Zem_RowMajor, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07awc(Zem_ColMajor, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07bdc) {
   ZemError e{};
   std::vector<double> ab_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07bdc(Zem_RowMajor, 3, 3, 3, 3, nullptr, 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07bdc(Zem_RowMajor, 3, 3, 3, 3, ab_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07bdc(Zem_RowMajor, -1, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "m"});
-  f07bdc(Zem_RowMajor, 3, -1, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07bdc(Zem_RowMajor, 3, 3, -1, 3, ab_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "kl"});
-  f07bdc(Zem_RowMajor, 3, 3, 3, -1, ab_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "ku"});
-  f07bdc(7, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07bdc(Zem_RowMajor, 3, 3, 3, 3, ab_buf.data(), 0, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
+  EXPECT_ROW(f07bdc(Zem_RowMajor, 3, 3, 3, 3, nullptr, 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07bdc(Zem_RowMajor, 3, 3, 3, 3, ab_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07bdc(Zem_RowMajor, -1, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "m");
+  EXPECT_ROW(f07bdc(Zem_RowMajor, 3, -1, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07bdc(Zem_RowMajor, 3, 3, -1, 3, ab_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "kl");
+  EXPECT_ROW(f07bdc(Zem_RowMajor, 3, 3, 3, -1, ab_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "ku");
+  EXPECT_ROW(f07bdc(7, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07bdc(Zem_RowMajor, 3, 3, 3, 3, ab_buf.data(), 0, ipiv_buf.data(), &e), NE_INT, "pdab");
 }
 
 TEST(F07Errors, f07bec) {
@@ -314,30 +208,18 @@ TEST(F07Errors, f07bec) {
   std::vector<double> ab_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<double> b_buf(100);
-  f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07bec(Zem_RowMajor, -7, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07bec(Zem_RowMajor, Zem_NoTrans, -1, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07bec(Zem_RowMajor, Zem_NoTrans, 3, -1, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "kl"});
-  f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, -1, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "ku"});
-  f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, -1, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07bec(7, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 0, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "pdab"});
-  f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07bec(Zem_ColMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07bec(Zem_RowMajor, -7, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07bec(Zem_RowMajor, Zem_NoTrans, -1, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07bec(Zem_RowMajor, Zem_NoTrans, 3, -1, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "kl");
+  EXPECT_ROW(f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, -1, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "ku");
+  EXPECT_ROW(f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, -1, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07bec(7, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 0, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "pdab");
+  EXPECT_ROW(f07bec(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07bec(Zem_ColMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07bgc) {
@@ -345,24 +227,15 @@ TEST(F07Errors, f07bgc) {
   std::vector<double> ab_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<double> rcond_buf(100);
-  f07bgc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, nullptr, 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07bgc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 12, nullptr, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07bgc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07bgc(Zem_RowMajor, -7, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "norm"});
-  f07bgc(Zem_RowMajor, Zem_OneNorm, -1, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07bgc(Zem_RowMajor, Zem_OneNorm, 3, -1, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "kl"});
-  f07bgc(Zem_RowMajor, Zem_OneNorm, 3, 3, -1, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "ku"});
-  f07bgc(7, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07bgc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 0, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
+  EXPECT_ROW(f07bgc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, nullptr, 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07bgc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 12, nullptr, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07bgc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07bgc(Zem_RowMajor, -7, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "norm");
+  EXPECT_ROW(f07bgc(Zem_RowMajor, Zem_OneNorm, -1, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07bgc(Zem_RowMajor, Zem_OneNorm, 3, -1, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "kl");
+  EXPECT_ROW(f07bgc(Zem_RowMajor, Zem_OneNorm, 3, 3, -1, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "ku");
+  EXPECT_ROW(f07bgc(7, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07bgc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 0, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "pdab");
 }
 
 TEST(F07Errors, f07bhc) {
@@ -374,66 +247,39 @@ TEST(F07Errors, f07bhc) {
   std::vector<double> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, nullptr, 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "afb"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07bhc(Zem_RowMajor, -7, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, -1, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, -1, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "kl"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, -1, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "ku"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, -1, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07bhc(7, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 0, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 0, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "pdafb"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07bhc(Zem_ColMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07bhc(Zem_ColMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, nullptr, 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "afb");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, -7, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, -1, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, -1, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "kl");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, -1, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "ku");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, -1, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07bhc(7, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 0, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "pdab");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 0, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "pdafb");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07bhc(Zem_ColMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07bhc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07bhc(Zem_ColMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07brc) {
   ZemError e{};
   std::vector<ZemComplex> ab_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07brc(Zem_RowMajor, 3, 3, 3, 3, nullptr, 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07brc(Zem_RowMajor, 3, 3, 3, 3, ab_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07brc(Zem_RowMajor, -1, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "m"});
-  f07brc(Zem_RowMajor, 3, -1, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07brc(Zem_RowMajor, 3, 3, -1, 3, ab_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "kl"});
-  f07brc(Zem_RowMajor, 3, 3, 3, -1, ab_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "ku"});
-  f07brc(7, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07brc(Zem_RowMajor, 3, 3, 3, 3, ab_buf.data(), 0, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
+  EXPECT_ROW(f07brc(Zem_RowMajor, 3, 3, 3, 3, nullptr, 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07brc(Zem_RowMajor, 3, 3, 3, 3, ab_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07brc(Zem_RowMajor, -1, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "m");
+  EXPECT_ROW(f07brc(Zem_RowMajor, 3, -1, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07brc(Zem_RowMajor, 3, 3, -1, 3, ab_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "kl");
+  EXPECT_ROW(f07brc(Zem_RowMajor, 3, 3, 3, -1, ab_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "ku");
+  EXPECT_ROW(f07brc(7, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07brc(Zem_RowMajor, 3, 3, 3, 3, ab_buf.data(), 0, ipiv_buf.data(), &e), NE_INT, "pdab");
 }
 
 TEST(F07Errors, f07bsc) {
@@ -441,30 +287,18 @@ TEST(F07Errors, f07bsc) {
   std::vector<ZemComplex> ab_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07bsc(Zem_RowMajor, -7, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07bsc(Zem_RowMajor, Zem_NoTrans, -1, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07bsc(Zem_RowMajor, Zem_NoTrans, 3, -1, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "kl"});
-  f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, -1, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "ku"});
-  f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, -1, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07bsc(7, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 0, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "pdab"});
-  f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07bsc(Zem_ColMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07bsc(Zem_RowMajor, -7, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07bsc(Zem_RowMajor, Zem_NoTrans, -1, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07bsc(Zem_RowMajor, Zem_NoTrans, 3, -1, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "kl");
+  EXPECT_ROW(f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, -1, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "ku");
+  EXPECT_ROW(f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, -1, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07bsc(7, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 0, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "pdab");
+  EXPECT_ROW(f07bsc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07bsc(Zem_ColMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07buc) {
@@ -472,24 +306,15 @@ TEST(F07Errors, f07buc) {
   std::vector<ZemComplex> ab_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<double> rcond_buf(100);
-  f07buc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, nullptr, 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07buc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 12, nullptr, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07buc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07buc(Zem_RowMajor, -7, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "norm"});
-  f07buc(Zem_RowMajor, Zem_OneNorm, -1, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07buc(Zem_RowMajor, Zem_OneNorm, 3, -1, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "kl"});
-  f07buc(Zem_RowMajor, Zem_OneNorm, 3, 3, -1, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "ku"});
-  f07buc(7, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07buc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 0, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
+  EXPECT_ROW(f07buc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, nullptr, 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07buc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 12, nullptr, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07buc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07buc(Zem_RowMajor, -7, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "norm");
+  EXPECT_ROW(f07buc(Zem_RowMajor, Zem_OneNorm, -1, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07buc(Zem_RowMajor, Zem_OneNorm, 3, -1, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "kl");
+  EXPECT_ROW(f07buc(Zem_RowMajor, Zem_OneNorm, 3, 3, -1, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "ku");
+  EXPECT_ROW(f07buc(7, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07buc(Zem_RowMajor, Zem_OneNorm, 3, 3, 3, ab_buf.data(), 0, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "pdab");
 }
 
 TEST(F07Errors, f07bvc) {
@@ -501,107 +326,65 @@ TEST(F07Errors, f07bvc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, nullptr, 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "afb"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07bvc(Zem_RowMajor, -7, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, -1, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, -1, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "kl"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, -1, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "ku"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, -1, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07bvc(7, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 0, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 0, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "pdafb"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07bvc(Zem_ColMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07bvc(Zem_ColMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, nullptr, 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "afb");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, -7, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, -1, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, -1, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "kl");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, -1, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "ku");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, -1, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07bvc(7, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 0, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "pdab");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 0, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "pdafb");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07bvc(Zem_ColMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07bvc(Zem_RowMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07bvc(Zem_ColMajor, Zem_NoTrans, 3, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07fdc) {
   ZemError e{};
   std::vector<double> a_buf(100);
-  f07fdc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07fdc(Zem_RowMajor, -7, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07fdc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07fdc(7, Zem_Upper, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07fdc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fdc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07fdc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07fdc(Zem_RowMajor, -7, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07fdc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07fdc(7, Zem_Upper, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07fdc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fdc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07fec) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> b_buf(100);
-  f07fec(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07fec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07fec(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07fec(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07fec(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07fec(7, Zem_Upper, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07fec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fec(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07fec(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07fec(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07fec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07fec(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07fec(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07fec(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07fec(7, Zem_Upper, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07fec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fec(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07fec(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07fgc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> rcond_buf(100);
-  f07fgc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07fgc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07fgc(Zem_RowMajor, -7, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07fgc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07fgc(7, Zem_Upper, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07fgc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fgc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07fgc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07fgc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07fgc(Zem_RowMajor, -7, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07fgc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07fgc(7, Zem_Upper, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07fgc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fgc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07fhc) {
@@ -612,122 +395,75 @@ TEST(F07Errors, f07fhc) {
   std::vector<double> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "af"});
-  f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07fhc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07fhc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07fhc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07fhc(7, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07fhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07fhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07fhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "af");
+  EXPECT_ROW(f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07fhc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07fhc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07fhc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07fhc(7, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07fhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07fhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07fhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07fhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07fjc) {
   ZemError e{};
   std::vector<double> a_buf(100);
-  f07fjc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07fjc(Zem_RowMajor, -7, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07fjc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07fjc(7, Zem_Upper, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07fjc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fjc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07fjc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07fjc(Zem_RowMajor, -7, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07fjc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07fjc(7, Zem_Upper, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07fjc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fjc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07frc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
-  f07frc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07frc(Zem_RowMajor, -7, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07frc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07frc(7, Zem_Upper, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07frc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07frc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07frc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07frc(Zem_RowMajor, -7, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07frc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07frc(7, Zem_Upper, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07frc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07frc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07fsc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f07fsc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07fsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07fsc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07fsc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07fsc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07fsc(7, Zem_Upper, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07fsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fsc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07fsc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07fsc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07fsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07fsc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07fsc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07fsc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07fsc(7, Zem_Upper, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07fsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fsc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07fsc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07fuc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<double> rcond_buf(100);
-  f07fuc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07fuc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07fuc(Zem_RowMajor, -7, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07fuc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07fuc(7, Zem_Upper, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07fuc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fuc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07fuc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07fuc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07fuc(Zem_RowMajor, -7, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07fuc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07fuc(7, Zem_Upper, 3, a_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07fuc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fuc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07fvc) {
@@ -738,127 +474,80 @@ TEST(F07Errors, f07fvc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "af"});
-  f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07fvc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07fvc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07fvc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07fvc(7, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07fvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07fvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07fvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "af");
+  EXPECT_ROW(f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07fvc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07fvc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07fvc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07fvc(7, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07fvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07fvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07fvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07fvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07fwc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
-  f07fwc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07fwc(Zem_RowMajor, -7, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07fwc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07fwc(7, Zem_Upper, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07fwc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fwc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07fwc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07fwc(Zem_RowMajor, -7, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07fwc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07fwc(7, Zem_Upper, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07fwc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fwc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07fdc_0) {
   ZemError e{};
   std::vector<double> a_buf(100);
-  f07fdc_0(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07fdc_0(Zem_RowMajor, -7, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07fdc_0(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07fdc_0(7, Zem_Upper, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07fdc_0(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07fdc_0(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07fdc_0(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07fdc_0(Zem_RowMajor, -7, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07fdc_0(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07fdc_0(7, Zem_Upper, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07fdc_0(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07fdc_0(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07gdc) {
   ZemError e{};
   std::vector<double> ap_buf(100);
-  f07gdc(Zem_RowMajor, Zem_Upper, 3, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07gdc(Zem_RowMajor, -7, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07gdc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07gdc(7, Zem_Upper, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07gdc(Zem_RowMajor, Zem_Upper, 3, nullptr, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07gdc(Zem_RowMajor, -7, 3, ap_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07gdc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07gdc(7, Zem_Upper, 3, ap_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07gec) {
   ZemError e{};
   std::vector<double> ap_buf(100);
   std::vector<double> b_buf(100);
-  f07gec(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07gec(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07gec(Zem_RowMajor, -7, 3, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07gec(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07gec(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07gec(7, Zem_Upper, 3, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07gec(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07gec(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07gec(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07gec(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07gec(Zem_RowMajor, -7, 3, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07gec(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07gec(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07gec(7, Zem_Upper, 3, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07gec(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07gec(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07ggc) {
   ZemError e{};
   std::vector<double> ap_buf(100);
   std::vector<double> rcond_buf(100);
-  f07ggc(Zem_RowMajor, Zem_Upper, 3, nullptr, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07ggc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07ggc(Zem_RowMajor, -7, 3, ap_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07ggc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07ggc(7, Zem_Upper, 3, ap_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07ggc(Zem_RowMajor, Zem_Upper, 3, nullptr, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07ggc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07ggc(Zem_RowMajor, -7, 3, ap_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07ggc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07ggc(7, Zem_Upper, 3, ap_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07ghc) {
@@ -869,98 +558,63 @@ TEST(F07Errors, f07ghc) {
   std::vector<double> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "afp"});
-  f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07ghc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07ghc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07ghc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07ghc(7, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07ghc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07ghc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "afp");
+  EXPECT_ROW(f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07ghc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07ghc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07ghc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07ghc(7, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07ghc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07ghc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07ghc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07gjc) {
   ZemError e{};
   std::vector<double> ap_buf(100);
-  f07gjc(Zem_RowMajor, Zem_Upper, 3, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07gjc(Zem_RowMajor, -7, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07gjc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07gjc(7, Zem_Upper, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07gjc(Zem_RowMajor, Zem_Upper, 3, nullptr, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07gjc(Zem_RowMajor, -7, 3, ap_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07gjc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07gjc(7, Zem_Upper, 3, ap_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07grc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
-  f07grc(Zem_RowMajor, Zem_Upper, 3, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07grc(Zem_RowMajor, -7, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07grc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07grc(7, Zem_Upper, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07grc(Zem_RowMajor, Zem_Upper, 3, nullptr, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07grc(Zem_RowMajor, -7, 3, ap_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07grc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07grc(7, Zem_Upper, 3, ap_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07gsc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f07gsc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07gsc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07gsc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07gsc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07gsc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07gsc(7, Zem_Upper, 3, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07gsc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07gsc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07gsc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07gsc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07gsc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07gsc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07gsc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07gsc(7, Zem_Upper, 3, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07gsc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07gsc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07guc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
   std::vector<double> rcond_buf(100);
-  f07guc(Zem_RowMajor, Zem_Upper, 3, nullptr, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07guc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07guc(Zem_RowMajor, -7, 3, ap_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07guc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07guc(7, Zem_Upper, 3, ap_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07guc(Zem_RowMajor, Zem_Upper, 3, nullptr, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07guc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07guc(Zem_RowMajor, -7, 3, ap_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07guc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07guc(7, Zem_Upper, 3, ap_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07gvc) {
@@ -971,110 +625,69 @@ TEST(F07Errors, f07gvc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "afp"});
-  f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07gvc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07gvc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07gvc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07gvc(7, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07gvc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07gvc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "afp");
+  EXPECT_ROW(f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07gvc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07gvc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07gvc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07gvc(7, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07gvc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07gvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07gvc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07gwc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
-  f07gwc(Zem_RowMajor, Zem_Upper, 3, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07gwc(Zem_RowMajor, -7, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07gwc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07gwc(7, Zem_Upper, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07gwc(Zem_RowMajor, Zem_Upper, 3, nullptr, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07gwc(Zem_RowMajor, -7, 3, ap_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07gwc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07gwc(7, Zem_Upper, 3, ap_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07hdc) {
   ZemError e{};
   std::vector<double> ab_buf(100);
-  f07hdc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07hdc(Zem_RowMajor, -7, 3, 3, ab_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07hdc(Zem_RowMajor, Zem_Upper, -1, 3, ab_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07hdc(Zem_RowMajor, Zem_Upper, 3, -1, ab_buf.data(), 12, &e);
-  check(e, {NE_INT, "kd"});
-  f07hdc(7, Zem_Upper, 3, 3, ab_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07hdc(Zem_RowMajor, Zem_Upper, 3, 3, ab_buf.data(), 0, &e);
-  check(e, {NE_INT, "pdab"});
+  EXPECT_ROW(f07hdc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07hdc(Zem_RowMajor, -7, 3, 3, ab_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07hdc(Zem_RowMajor, Zem_Upper, -1, 3, ab_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07hdc(Zem_RowMajor, Zem_Upper, 3, -1, ab_buf.data(), 12, &e), NE_INT, "kd");
+  EXPECT_ROW(f07hdc(7, Zem_Upper, 3, 3, ab_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07hdc(Zem_RowMajor, Zem_Upper, 3, 3, ab_buf.data(), 0, &e), NE_INT, "pdab");
 }
 
 TEST(F07Errors, f07hec) {
   ZemError e{};
   std::vector<double> ab_buf(100);
   std::vector<double> b_buf(100);
-  f07hec(Zem_RowMajor, Zem_Upper, 3, 3, 3, nullptr, 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07hec(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07hec(Zem_RowMajor, -7, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07hec(Zem_RowMajor, Zem_Upper, -1, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07hec(Zem_RowMajor, Zem_Upper, 3, -1, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "kd"});
-  f07hec(Zem_RowMajor, Zem_Upper, 3, 3, -1, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07hec(7, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07hec(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 0, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "pdab"});
-  f07hec(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07hec(Zem_ColMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07hec(Zem_RowMajor, Zem_Upper, 3, 3, 3, nullptr, 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07hec(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07hec(Zem_RowMajor, -7, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07hec(Zem_RowMajor, Zem_Upper, -1, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07hec(Zem_RowMajor, Zem_Upper, 3, -1, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "kd");
+  EXPECT_ROW(f07hec(Zem_RowMajor, Zem_Upper, 3, 3, -1, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07hec(7, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07hec(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 0, b_buf.data(), 12, &e), NE_INT, "pdab");
+  EXPECT_ROW(f07hec(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07hec(Zem_ColMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07hgc) {
   ZemError e{};
   std::vector<double> ab_buf(100);
   std::vector<double> rcond_buf(100);
-  f07hgc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07hgc(Zem_RowMajor, Zem_Upper, 3, 3, ab_buf.data(), 12, 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07hgc(Zem_RowMajor, -7, 3, 3, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07hgc(Zem_RowMajor, Zem_Upper, -1, 3, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07hgc(Zem_RowMajor, Zem_Upper, 3, -1, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "kd"});
-  f07hgc(7, Zem_Upper, 3, 3, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07hgc(Zem_RowMajor, Zem_Upper, 3, 3, ab_buf.data(), 0, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
+  EXPECT_ROW(f07hgc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07hgc(Zem_RowMajor, Zem_Upper, 3, 3, ab_buf.data(), 12, 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07hgc(Zem_RowMajor, -7, 3, 3, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07hgc(Zem_RowMajor, Zem_Upper, -1, 3, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07hgc(Zem_RowMajor, Zem_Upper, 3, -1, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_INT, "kd");
+  EXPECT_ROW(f07hgc(7, Zem_Upper, 3, 3, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07hgc(Zem_RowMajor, Zem_Upper, 3, 3, ab_buf.data(), 0, 1.0, rcond_buf.data(), &e), NE_INT, "pdab");
 }
 
 TEST(F07Errors, f07hhc) {
@@ -1085,103 +698,63 @@ TEST(F07Errors, f07hhc) {
   std::vector<double> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, nullptr, 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "afb"});
-  f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07hhc(Zem_RowMajor, -7, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07hhc(Zem_RowMajor, Zem_Upper, -1, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07hhc(Zem_RowMajor, Zem_Upper, 3, -1, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "kd"});
-  f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, -1, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07hhc(7, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 0, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
-  f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 0, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "pdafb"});
-  f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07hhc(Zem_ColMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07hhc(Zem_ColMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, nullptr, 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "afb");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, -7, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, -1, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, 3, -1, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "kd");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, -1, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07hhc(7, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 0, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "pdab");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 0, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "pdafb");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07hhc(Zem_ColMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07hhc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07hhc(Zem_ColMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07hrc) {
   ZemError e{};
   std::vector<ZemComplex> ab_buf(100);
-  f07hrc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07hrc(Zem_RowMajor, -7, 3, 3, ab_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07hrc(Zem_RowMajor, Zem_Upper, -1, 3, ab_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07hrc(Zem_RowMajor, Zem_Upper, 3, -1, ab_buf.data(), 12, &e);
-  check(e, {NE_INT, "kd"});
-  f07hrc(7, Zem_Upper, 3, 3, ab_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07hrc(Zem_RowMajor, Zem_Upper, 3, 3, ab_buf.data(), 0, &e);
-  check(e, {NE_INT, "pdab"});
+  EXPECT_ROW(f07hrc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07hrc(Zem_RowMajor, -7, 3, 3, ab_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07hrc(Zem_RowMajor, Zem_Upper, -1, 3, ab_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07hrc(Zem_RowMajor, Zem_Upper, 3, -1, ab_buf.data(), 12, &e), NE_INT, "kd");
+  EXPECT_ROW(f07hrc(7, Zem_Upper, 3, 3, ab_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07hrc(Zem_RowMajor, Zem_Upper, 3, 3, ab_buf.data(), 0, &e), NE_INT, "pdab");
 }
 
 TEST(F07Errors, f07hsc) {
   ZemError e{};
   std::vector<ZemComplex> ab_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f07hsc(Zem_RowMajor, Zem_Upper, 3, 3, 3, nullptr, 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07hsc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07hsc(Zem_RowMajor, -7, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07hsc(Zem_RowMajor, Zem_Upper, -1, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07hsc(Zem_RowMajor, Zem_Upper, 3, -1, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "kd"});
-  f07hsc(Zem_RowMajor, Zem_Upper, 3, 3, -1, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07hsc(7, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07hsc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 0, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "pdab"});
-  f07hsc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07hsc(Zem_ColMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07hsc(Zem_RowMajor, Zem_Upper, 3, 3, 3, nullptr, 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07hsc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07hsc(Zem_RowMajor, -7, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07hsc(Zem_RowMajor, Zem_Upper, -1, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07hsc(Zem_RowMajor, Zem_Upper, 3, -1, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "kd");
+  EXPECT_ROW(f07hsc(Zem_RowMajor, Zem_Upper, 3, 3, -1, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07hsc(7, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07hsc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 0, b_buf.data(), 12, &e), NE_INT, "pdab");
+  EXPECT_ROW(f07hsc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07hsc(Zem_ColMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07huc) {
   ZemError e{};
   std::vector<ZemComplex> ab_buf(100);
   std::vector<double> rcond_buf(100);
-  f07huc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07huc(Zem_RowMajor, Zem_Upper, 3, 3, ab_buf.data(), 12, 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07huc(Zem_RowMajor, -7, 3, 3, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07huc(Zem_RowMajor, Zem_Upper, -1, 3, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07huc(Zem_RowMajor, Zem_Upper, 3, -1, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "kd"});
-  f07huc(7, Zem_Upper, 3, 3, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07huc(Zem_RowMajor, Zem_Upper, 3, 3, ab_buf.data(), 0, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
+  EXPECT_ROW(f07huc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07huc(Zem_RowMajor, Zem_Upper, 3, 3, ab_buf.data(), 12, 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07huc(Zem_RowMajor, -7, 3, 3, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07huc(Zem_RowMajor, Zem_Upper, -1, 3, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07huc(Zem_RowMajor, Zem_Upper, 3, -1, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_INT, "kd");
+  EXPECT_ROW(f07huc(7, Zem_Upper, 3, 3, ab_buf.data(), 12, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07huc(Zem_RowMajor, Zem_Upper, 3, 3, ab_buf.data(), 0, 1.0, rcond_buf.data(), &e), NE_INT, "pdab");
 }
 
 TEST(F07Errors, f07hvc) {
@@ -1192,60 +765,36 @@ TEST(F07Errors, f07hvc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, nullptr, 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "afb"});
-  f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07hvc(Zem_RowMajor, -7, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07hvc(Zem_RowMajor, Zem_Upper, -1, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07hvc(Zem_RowMajor, Zem_Upper, 3, -1, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "kd"});
-  f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, -1, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07hvc(7, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 0, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
-  f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 0, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "pdafb"});
-  f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07hvc(Zem_ColMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07hvc(Zem_ColMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, nullptr, 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "afb");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, -7, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, -1, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, 3, -1, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "kd");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, -1, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07hvc(7, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 0, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "pdab");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 0, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "pdafb");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07hvc(Zem_ColMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07hvc(Zem_RowMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07hvc(Zem_ColMajor, Zem_Upper, 3, 3, 3, ab_buf.data(), 12, afb_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07mdc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07mdc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07mdc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07mdc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07mdc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07mdc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07mdc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07mdc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07mdc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07mdc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07mdc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07mdc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07mdc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07mdc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07mdc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07mec) {
@@ -1253,28 +802,17 @@ TEST(F07Errors, f07mec) {
   std::vector<double> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<double> b_buf(100);
-  f07mec(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07mec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07mec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07mec(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07mec(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07mec(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07mec(7, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07mec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07mec(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07mec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07mec(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07mec(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07mec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07mec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07mec(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07mec(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07mec(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07mec(7, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07mec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07mec(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07mec(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07mec(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07mgc) {
@@ -1282,22 +820,14 @@ TEST(F07Errors, f07mgc) {
   std::vector<double> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<double> rcond_buf(100);
-  f07mgc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07mgc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07mgc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07mgc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07mgc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07mgc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07mgc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07mgc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07mgc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07mgc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07mgc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07mgc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07mgc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07mgc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07mgc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07mgc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07mhc) {
@@ -1309,84 +839,51 @@ TEST(F07Errors, f07mhc) {
   std::vector<double> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "af"});
-  f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07mhc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07mhc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07mhc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07mhc(7, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07mhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07mhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07mhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07mhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "af");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07mhc(7, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07mhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07mhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07mhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07mhc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07mhc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07mjc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07mjc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07mjc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07mjc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07mjc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07mjc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07mjc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07mjc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07mjc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07mjc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07mjc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07mjc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07mjc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07mjc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07mjc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07mrc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07mrc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07mrc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07mrc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07mrc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07mrc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07mrc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07mrc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07mrc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07mrc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07mrc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07mrc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07mrc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07mrc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07mrc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07msc) {
@@ -1394,28 +891,17 @@ TEST(F07Errors, f07msc) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f07msc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07msc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07msc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07msc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07msc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07msc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07msc(7, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07msc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07msc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07msc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07msc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07msc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07msc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07msc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07msc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07msc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07msc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07msc(7, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07msc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07msc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07msc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07msc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07muc) {
@@ -1423,22 +909,14 @@ TEST(F07Errors, f07muc) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<double> rcond_buf(100);
-  f07muc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07muc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07muc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07muc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07muc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07muc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07muc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07muc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07muc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07muc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07muc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07muc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07muc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07muc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07muc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07muc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07mvc) {
@@ -1450,84 +928,51 @@ TEST(F07Errors, f07mvc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "af"});
-  f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07mvc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07mvc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07mvc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07mvc(7, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07mvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07mvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07mvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07mvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "af");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07mvc(7, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07mvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07mvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07mvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07mvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07mvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07mwc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07mwc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07mwc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07mwc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07mwc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07mwc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07mwc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07mwc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07mwc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07mwc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07mwc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07mwc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07mwc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07mwc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07mwc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07nrc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07nrc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07nrc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07nrc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07nrc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07nrc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07nrc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07nrc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07nrc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07nrc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07nrc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07nrc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07nrc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07nrc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07nrc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07nsc) {
@@ -1535,28 +980,17 @@ TEST(F07Errors, f07nsc) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f07nsc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07nsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07nsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07nsc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07nsc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07nsc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07nsc(7, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07nsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07nsc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07nsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07nsc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07nsc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07nsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07nsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07nsc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07nsc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07nsc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07nsc(7, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07nsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07nsc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07nsc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07nsc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07nuc) {
@@ -1564,22 +998,14 @@ TEST(F07Errors, f07nuc) {
   std::vector<ZemComplex> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<double> rcond_buf(100);
-  f07nuc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07nuc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07nuc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07nuc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07nuc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07nuc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07nuc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07nuc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07nuc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07nuc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07nuc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07nuc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07nuc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07nuc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07nuc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07nuc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07nvc) {
@@ -1591,80 +1017,49 @@ TEST(F07Errors, f07nvc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "af"});
-  f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07nvc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07nvc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07nvc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07nvc(7, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07nvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07nvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdaf"});
-  f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07nvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07nvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, nullptr, 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "af");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, -7, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, -1, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, 3, -1, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07nvc(7, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07nvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 2, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07nvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 2, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdaf");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07nvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07nvc(Zem_RowMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07nvc(Zem_ColMajor, Zem_Upper, 3, 3, a_buf.data(), 12, af_buf.data(), 12, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07nwc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07nwc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07nwc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07nwc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07nwc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07nwc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07nwc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07nwc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07nwc(Zem_RowMajor, Zem_Upper, 3, nullptr, 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07nwc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07nwc(Zem_RowMajor, -7, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07nwc(Zem_RowMajor, Zem_Upper, -1, a_buf.data(), 12, ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07nwc(7, Zem_Upper, 3, a_buf.data(), 12, ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07nwc(Zem_RowMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07nwc(Zem_ColMajor, Zem_Upper, 3, a_buf.data(), 2, ipiv_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07pdc) {
   ZemError e{};
   std::vector<double> ap_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07pdc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07pdc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07pdc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07pdc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07pdc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07pdc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07pdc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07pdc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07pdc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07pdc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07pec) {
@@ -1672,24 +1067,15 @@ TEST(F07Errors, f07pec) {
   std::vector<double> ap_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<double> b_buf(100);
-  f07pec(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07pec(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07pec(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07pec(Zem_RowMajor, -7, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07pec(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07pec(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07pec(7, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07pec(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07pec(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07pec(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07pec(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07pec(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07pec(Zem_RowMajor, -7, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07pec(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07pec(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07pec(7, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07pec(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07pec(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07pgc) {
@@ -1697,18 +1083,12 @@ TEST(F07Errors, f07pgc) {
   std::vector<double> ap_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<double> rcond_buf(100);
-  f07pgc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07pgc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07pgc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07pgc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07pgc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07pgc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07pgc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07pgc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07pgc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07pgc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07pgc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07pgc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07phc) {
@@ -1720,68 +1100,43 @@ TEST(F07Errors, f07phc) {
   std::vector<double> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07phc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "afp"});
-  f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07phc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07phc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07phc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07phc(7, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07phc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07phc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07phc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "afp");
+  EXPECT_ROW(f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07phc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07phc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07phc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07phc(7, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07phc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07phc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07phc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07pjc) {
   ZemError e{};
   std::vector<double> ap_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07pjc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07pjc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07pjc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07pjc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07pjc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07pjc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07pjc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07pjc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07pjc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07pjc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07prc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07prc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07prc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07prc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07prc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07prc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07prc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07prc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07prc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07prc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07prc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07psc) {
@@ -1789,24 +1144,15 @@ TEST(F07Errors, f07psc) {
   std::vector<ZemComplex> ap_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f07psc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07psc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07psc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07psc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07psc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07psc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07psc(7, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07psc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07psc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07psc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07psc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07psc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07psc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07psc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07psc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07psc(7, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07psc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07psc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07puc) {
@@ -1814,18 +1160,12 @@ TEST(F07Errors, f07puc) {
   std::vector<ZemComplex> ap_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<double> rcond_buf(100);
-  f07puc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07puc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07puc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07puc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07puc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07puc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07puc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07puc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07puc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07puc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07puc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07puc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07pvc) {
@@ -1837,68 +1177,43 @@ TEST(F07Errors, f07pvc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "afp"});
-  f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07pvc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07pvc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07pvc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07pvc(7, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07pvc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07pvc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "afp");
+  EXPECT_ROW(f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07pvc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07pvc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07pvc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07pvc(7, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07pvc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07pvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07pvc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07pwc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07pwc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07pwc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07pwc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07pwc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07pwc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07pwc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07pwc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07pwc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07pwc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07pwc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07qrc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07qrc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07qrc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07qrc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07qrc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07qrc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07qrc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07qrc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07qrc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07qrc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07qrc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07qsc) {
@@ -1906,24 +1221,15 @@ TEST(F07Errors, f07qsc) {
   std::vector<ZemComplex> ap_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f07qsc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07qsc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07qsc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07qsc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07qsc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07qsc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07qsc(7, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07qsc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07qsc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07qsc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07qsc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07qsc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07qsc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07qsc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07qsc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07qsc(7, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07qsc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07qsc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), ipiv_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07quc) {
@@ -1931,18 +1237,12 @@ TEST(F07Errors, f07quc) {
   std::vector<ZemComplex> ap_buf(100);
   std::vector<int32_t> ipiv_buf(100);
   std::vector<double> rcond_buf(100);
-  f07quc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07quc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07quc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), 1.0, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07quc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07quc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07quc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07quc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07quc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07quc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), 1.0, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07quc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07quc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07quc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), 1.0, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07qvc) {
@@ -1954,106 +1254,65 @@ TEST(F07Errors, f07qvc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "afp"});
-  f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07qvc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07qvc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07qvc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07qvc(7, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07qvc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07qvc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, nullptr, afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), nullptr, ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "afp");
+  EXPECT_ROW(f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07qvc(Zem_RowMajor, -7, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07qvc(Zem_RowMajor, Zem_Upper, -1, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07qvc(Zem_RowMajor, Zem_Upper, 3, -1, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07qvc(7, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07qvc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07qvc(Zem_RowMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07qvc(Zem_ColMajor, Zem_Upper, 3, 3, ap_buf.data(), afp_buf.data(), ipiv_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07qwc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
   std::vector<int32_t> ipiv_buf(100);
-  f07qwc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07qwc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ipiv"});
-  f07qwc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07qwc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07qwc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07qwc(Zem_RowMajor, Zem_Upper, 3, nullptr, ipiv_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07qwc(Zem_RowMajor, Zem_Upper, 3, ap_buf.data(), nullptr, &e), NE_BAD_PARAM, "ipiv");
+  EXPECT_ROW(f07qwc(Zem_RowMajor, -7, 3, ap_buf.data(), ipiv_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07qwc(Zem_RowMajor, Zem_Upper, -1, ap_buf.data(), ipiv_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07qwc(7, Zem_Upper, 3, ap_buf.data(), ipiv_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07tec) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> b_buf(100);
-  f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07tec(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07tec(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07tec(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07tec(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07tec(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07tec(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07tec(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07tec(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07tec(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07tec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07tec(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07tgc) {
   ZemError e{};
   std::vector<double> a_buf(100);
   std::vector<double> rcond_buf(100);
-  f07tgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07tgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07tgc(Zem_RowMajor, -7, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "norm"});
-  f07tgc(Zem_RowMajor, Zem_OneNorm, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07tgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, -7, 3, a_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07tgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, -1, a_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07tgc(7, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07tgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07tgc(Zem_ColMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07tgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, 12, rcond_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07tgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07tgc(Zem_RowMajor, -7, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "norm");
+  EXPECT_ROW(f07tgc(Zem_RowMajor, Zem_OneNorm, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07tgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, -7, 3, a_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07tgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, -1, a_buf.data(), 12, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07tgc(7, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07tgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, rcond_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07tgc(Zem_ColMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, rcond_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07thc) {
@@ -2063,113 +1322,68 @@ TEST(F07Errors, f07thc) {
   std::vector<double> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07thc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07thc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07thc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07thc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07thc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07thc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07thc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07thc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07thc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07thc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07thc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07thc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07thc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07tjc) {
   ZemError e{};
   std::vector<double> a_buf(100);
-  f07tjc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07tjc(Zem_RowMajor, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07tjc(Zem_RowMajor, Zem_Upper, -7, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07tjc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, -1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07tjc(7, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07tjc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07tjc(Zem_ColMajor, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07tjc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07tjc(Zem_RowMajor, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07tjc(Zem_RowMajor, Zem_Upper, -7, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07tjc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, -1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07tjc(7, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07tjc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07tjc(Zem_ColMajor, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07tsc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07tsc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07tsc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07tsc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07tsc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07tsc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07tsc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07tsc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07tsc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07tsc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07tsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07tsc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07tuc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
   std::vector<double> rcond_buf(100);
-  f07tuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07tuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07tuc(Zem_RowMajor, -7, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "norm"});
-  f07tuc(Zem_RowMajor, Zem_OneNorm, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07tuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, -7, 3, a_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07tuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, -1, a_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07tuc(7, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07tuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07tuc(Zem_ColMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, rcond_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07tuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, 12, rcond_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07tuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07tuc(Zem_RowMajor, -7, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "norm");
+  EXPECT_ROW(f07tuc(Zem_RowMajor, Zem_OneNorm, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07tuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, -7, 3, a_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07tuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, -1, a_buf.data(), 12, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07tuc(7, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07tuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, rcond_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07tuc(Zem_ColMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, rcond_buf.data(), &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07tvc) {
@@ -2179,105 +1393,64 @@ TEST(F07Errors, f07tvc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07tvc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07tvc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07tvc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07tvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pda"});
-  f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07tvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07tvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07tvc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07tvc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07tvc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07tvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 2, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07tvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07tvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07tvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, a_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07twc) {
   ZemError e{};
   std::vector<ZemComplex> a_buf(100);
-  f07twc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "a"});
-  f07twc(Zem_RowMajor, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07twc(Zem_RowMajor, Zem_Upper, -7, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07twc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, -1, a_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07twc(7, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07twc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
-  f07twc(Zem_ColMajor, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pda"});
+  EXPECT_ROW(f07twc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, 12, &e), NE_BAD_PARAM, "a");
+  EXPECT_ROW(f07twc(Zem_RowMajor, -7, Zem_NonUnitDiag, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07twc(Zem_RowMajor, Zem_Upper, -7, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07twc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, -1, a_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07twc(7, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07twc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
+  EXPECT_ROW(f07twc(Zem_ColMajor, Zem_Upper, Zem_NonUnitDiag, 3, a_buf.data(), 2, &e), NE_INT_2, "pda");
 }
 
 TEST(F07Errors, f07uec) {
   ZemError e{};
   std::vector<double> ap_buf(100);
   std::vector<double> b_buf(100);
-  f07uec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07uec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07uec(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07uec(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07uec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07uec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07uec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07uec(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07uec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07uec(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07uec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07uec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07uec(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07uec(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07uec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07uec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07uec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, ap_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07uec(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07uec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07uec(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07ugc) {
   ZemError e{};
   std::vector<double> ap_buf(100);
   std::vector<double> rcond_buf(100);
-  f07ugc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07ugc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07ugc(Zem_RowMajor, -7, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "norm"});
-  f07ugc(Zem_RowMajor, Zem_OneNorm, -7, Zem_NonUnitDiag, 3, ap_buf.data(), rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07ugc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, -7, 3, ap_buf.data(), rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07ugc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, -1, ap_buf.data(), rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07ugc(7, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07ugc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, rcond_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07ugc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07ugc(Zem_RowMajor, -7, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), rcond_buf.data(), &e), NE_BAD_PARAM, "norm");
+  EXPECT_ROW(f07ugc(Zem_RowMajor, Zem_OneNorm, -7, Zem_NonUnitDiag, 3, ap_buf.data(), rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07ugc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, -7, 3, ap_buf.data(), rcond_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07ugc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, -1, ap_buf.data(), rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07ugc(7, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), rcond_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07uhc) {
@@ -2287,97 +1460,60 @@ TEST(F07Errors, f07uhc) {
   std::vector<double> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07uhc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07uhc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07uhc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07uhc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07uhc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07uhc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07uhc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07uhc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07uhc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07uhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07uhc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07ujc) {
   ZemError e{};
   std::vector<double> ap_buf(100);
-  f07ujc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07ujc(Zem_RowMajor, -7, Zem_NonUnitDiag, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07ujc(Zem_RowMajor, Zem_Upper, -7, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07ujc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, -1, ap_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07ujc(7, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07ujc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07ujc(Zem_RowMajor, -7, Zem_NonUnitDiag, 3, ap_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07ujc(Zem_RowMajor, Zem_Upper, -7, 3, ap_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07ujc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, -1, ap_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07ujc(7, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07usc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f07usc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07usc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07usc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07usc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07usc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07usc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07usc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07usc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07usc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07usc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07usc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, b_buf.data(), 12, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07usc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07usc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07usc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07usc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07usc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07usc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, ap_buf.data(), b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07usc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07usc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07usc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07uuc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
   std::vector<double> rcond_buf(100);
-  f07uuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07uuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07uuc(Zem_RowMajor, -7, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "norm"});
-  f07uuc(Zem_RowMajor, Zem_OneNorm, -7, Zem_NonUnitDiag, 3, ap_buf.data(), rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07uuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, -7, 3, ap_buf.data(), rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07uuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, -1, ap_buf.data(), rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07uuc(7, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07uuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, rcond_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07uuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07uuc(Zem_RowMajor, -7, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), rcond_buf.data(), &e), NE_BAD_PARAM, "norm");
+  EXPECT_ROW(f07uuc(Zem_RowMajor, Zem_OneNorm, -7, Zem_NonUnitDiag, 3, ap_buf.data(), rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07uuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, -7, 3, ap_buf.data(), rcond_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07uuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, -1, ap_buf.data(), rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07uuc(7, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), rcond_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07uvc) {
@@ -2387,105 +1523,64 @@ TEST(F07Errors, f07uvc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07uvc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07uvc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07uvc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07uvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07uvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, nullptr, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07uvc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07uvc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07uvc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07uvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07uvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07uvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, ap_buf.data(), b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07uwc) {
   ZemError e{};
   std::vector<ZemComplex> ap_buf(100);
-  f07uwc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "ap"});
-  f07uwc(Zem_RowMajor, -7, Zem_NonUnitDiag, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07uwc(Zem_RowMajor, Zem_Upper, -7, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07uwc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, -1, ap_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07uwc(7, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
+  EXPECT_ROW(f07uwc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, 3, nullptr, &e), NE_BAD_PARAM, "ap");
+  EXPECT_ROW(f07uwc(Zem_RowMajor, -7, Zem_NonUnitDiag, 3, ap_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07uwc(Zem_RowMajor, Zem_Upper, -7, 3, ap_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07uwc(Zem_RowMajor, Zem_Upper, Zem_NonUnitDiag, -1, ap_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07uwc(7, Zem_Upper, Zem_NonUnitDiag, 3, ap_buf.data(), &e), NE_BAD_PARAM, "order");
 }
 
 TEST(F07Errors, f07vec) {
   ZemError e{};
   std::vector<double> ab_buf(100);
   std::vector<double> b_buf(100);
-  f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, nullptr, 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07vec(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07vec(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "kd"});
-  f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, -1, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07vec(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 0, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "pdab"});
-  f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07vec(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, nullptr, 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07vec(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07vec(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "kd");
+  EXPECT_ROW(f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, -1, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07vec(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 0, b_buf.data(), 12, &e), NE_INT, "pdab");
+  EXPECT_ROW(f07vec(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07vec(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07vgc) {
   ZemError e{};
   std::vector<double> ab_buf(100);
   std::vector<double> rcond_buf(100);
-  f07vgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, nullptr, 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07vgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07vgc(Zem_RowMajor, -7, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "norm"});
-  f07vgc(Zem_RowMajor, Zem_OneNorm, -7, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07vgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, -7, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07vgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, -1, 3, ab_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07vgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, -1, ab_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_INT, "kd"});
-  f07vgc(7, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07vgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
+  EXPECT_ROW(f07vgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, nullptr, 12, rcond_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07vgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07vgc(Zem_RowMajor, -7, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "norm");
+  EXPECT_ROW(f07vgc(Zem_RowMajor, Zem_OneNorm, -7, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07vgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, -7, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07vgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, -1, 3, ab_buf.data(), 12, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07vgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, -1, ab_buf.data(), 12, rcond_buf.data(), &e), NE_INT, "kd");
+  EXPECT_ROW(f07vgc(7, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07vgc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 0, rcond_buf.data(), &e), NE_INT, "pdab");
 }
 
 TEST(F07Errors, f07vhc) {
@@ -2495,94 +1590,56 @@ TEST(F07Errors, f07vhc) {
   std::vector<double> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07vhc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07vhc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "kd"});
-  f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, -1, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07vhc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 0, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
-  f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07vhc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07vhc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "kd");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, -1, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07vhc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 0, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "pdab");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07vhc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07vhc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07vhc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 TEST(F07Errors, f07vsc) {
   ZemError e{};
   std::vector<ZemComplex> ab_buf(100);
   std::vector<ZemComplex> b_buf(100);
-  f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, nullptr, 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07vsc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07vsc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "n"});
-  f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "kd"});
-  f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, -1, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "nrhs"});
-  f07vsc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 0, b_buf.data(), 12, &e);
-  check(e, {NE_INT, "pdab"});
-  f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07vsc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e);
-  check(e, {NE_INT_2, "pdb"});
+  EXPECT_ROW(f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, nullptr, 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07vsc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07vsc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "n");
+  EXPECT_ROW(f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "kd");
+  EXPECT_ROW(f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, -1, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07vsc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 0, b_buf.data(), 12, &e), NE_INT, "pdab");
+  EXPECT_ROW(f07vsc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07vsc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, &e), NE_INT_2, "pdb");
 }
 
 TEST(F07Errors, f07vuc) {
   ZemError e{};
   std::vector<ZemComplex> ab_buf(100);
   std::vector<double> rcond_buf(100);
-  f07vuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, nullptr, 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07vuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, nullptr, &e);
-  check(e, {NE_BAD_PARAM, "rcond"});
-  f07vuc(Zem_RowMajor, -7, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "norm"});
-  f07vuc(Zem_RowMajor, Zem_OneNorm, -7, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07vuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, -7, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07vuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, -1, 3, ab_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07vuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, -1, ab_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_INT, "kd"});
-  f07vuc(7, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07vuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 0, rcond_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
+  EXPECT_ROW(f07vuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, nullptr, 12, rcond_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07vuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, nullptr, &e), NE_BAD_PARAM, "rcond");
+  EXPECT_ROW(f07vuc(Zem_RowMajor, -7, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "norm");
+  EXPECT_ROW(f07vuc(Zem_RowMajor, Zem_OneNorm, -7, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07vuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, -7, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07vuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, -1, 3, ab_buf.data(), 12, rcond_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07vuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, -1, ab_buf.data(), 12, rcond_buf.data(), &e), NE_INT, "kd");
+  EXPECT_ROW(f07vuc(7, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 12, rcond_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07vuc(Zem_RowMajor, Zem_OneNorm, Zem_Upper, Zem_NonUnitDiag, 3, 3, ab_buf.data(), 0, rcond_buf.data(), &e), NE_INT, "pdab");
 }
 
 TEST(F07Errors, f07vvc) {
@@ -2592,40 +1649,23 @@ TEST(F07Errors, f07vvc) {
   std::vector<ZemComplex> x_buf(100);
   std::vector<double> ferr_buf(100);
   std::vector<double> berr_buf(100);
-  f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ab"});
-  f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "b"});
-  f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "x"});
-  f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "ferr"});
-  f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e);
-  check(e, {NE_BAD_PARAM, "berr"});
-  f07vvc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "uplo"});
-  f07vvc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "trans"});
-  f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "diag"});
-  f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "n"});
-  f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "kd"});
-  f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, -1, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "nrhs"});
-  f07vvc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_BAD_PARAM, "order"});
-  f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 0, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT, "pdab"});
-  f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07vvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdb"});
-  f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
-  f07vvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e);
-  check(e, {NE_INT_2, "pdx"});
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, nullptr, 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "ab");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, nullptr, 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "b");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, nullptr, 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "x");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, nullptr, berr_buf.data(), &e), NE_BAD_PARAM, "ferr");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), nullptr, &e), NE_BAD_PARAM, "berr");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, -7, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "uplo");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, -7, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "trans");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, -7, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "diag");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, -1, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "n");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, -1, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "kd");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, -1, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "nrhs");
+  EXPECT_ROW(f07vvc(7, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_BAD_PARAM, "order");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 0, b_buf.data(), 12, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT, "pdab");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07vvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 2, x_buf.data(), 12, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdb");
+  EXPECT_ROW(f07vvc(Zem_RowMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
+  EXPECT_ROW(f07vvc(Zem_ColMajor, Zem_Upper, Zem_NoTrans, Zem_NonUnitDiag, 3, 3, 3, ab_buf.data(), 12, b_buf.data(), 12, x_buf.data(), 2, ferr_buf.data(), berr_buf.data(), &e), NE_INT_2, "pdx");
 }
 
 }  // namespace
