@@ -11,8 +11,10 @@
 #include <string>
 #include <vector>
 
+#include <cblas.h>
 #include <lapacke.h>
 
+#include "zem/f06.h"
 #include "zem/f07.h"
 #include "zem/f08.h"
 
@@ -96,6 +98,25 @@ void BM_syevd(benchmark::State& state) {
   }
 }
 
+// C = A B + C: f06yac against cblas_dgemm, which it calls in either order
+// with no copy, so the ratio shows the cost of the checks alone.
+template <bool Zem, bool RowMajor>
+void BM_gemm(benchmark::State& state) {
+  const int n = static_cast<int>(state.range(0));
+  const std::vector<double> a = random_matrix(n, 3), b = random_matrix(n, 4);
+  std::vector<double> c = random_matrix(n, 5);
+  ZemError e{};
+  for (auto _ : state) {
+    if constexpr (Zem)
+      f06yac(RowMajor ? Zem_RowMajor : Zem_ColMajor, Zem_NoTrans, Zem_NoTrans, n, n, n, 1.0, a.data(), n,
+             b.data(), n, 0.5, c.data(), n, &e);
+    else
+      cblas_dgemm(RowMajor ? CblasRowMajor : CblasColMajor, CblasNoTrans, CblasNoTrans, n, n, n, 1.0, a.data(),
+                  n, b.data(), n, 0.5, c.data(), n);
+    benchmark::DoNotOptimize(c.data());
+  }
+}
+
 #define SIZES ->Arg(100)->Arg(500)->Arg(2000)->Unit(benchmark::kMillisecond)
 BENCHMARK(BM_getrf<true, false>) SIZES;
 BENCHMARK(BM_getrf<false, false>) SIZES;
@@ -109,6 +130,10 @@ BENCHMARK(BM_syevd<true, false>) SIZES;
 BENCHMARK(BM_syevd<false, false>) SIZES;
 BENCHMARK(BM_syevd<true, true>) SIZES;
 BENCHMARK(BM_syevd<false, true>) SIZES;
+BENCHMARK(BM_gemm<true, false>) SIZES;
+BENCHMARK(BM_gemm<false, false>) SIZES;
+BENCHMARK(BM_gemm<true, true>) SIZES;
+BENCHMARK(BM_gemm<false, true>) SIZES;
 
 // Collects each run's time so that the ratios can be printed at the end.
 class RatioReporter : public benchmark::ConsoleReporter {
@@ -124,7 +149,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
     ConsoleReporter::Finalize();
     std::printf("\nwrapper / LAPACKE time ratio (below 1: the wrapper is faster)\n");
     std::printf("%-8s %-10s %8s %8s %8s\n", "kernel", "order", "n=100", "n=500", "n=2000");
-    for (const char* k : {"getrf", "potrf", "syevd"})
+    for (const char* k : {"getrf", "potrf", "syevd", "gemm"})
       for (const char* o : {"false", "true"}) {
         std::printf("%-8s %-10s", k, std::string(o) == "true" ? "row-major" : "col-major");
         for (int n : {100, 500, 2000}) {
