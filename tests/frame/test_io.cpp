@@ -17,25 +17,14 @@
 #include "frame/workspace.hpp"
 #include "zem/a00.h"
 #include "zem/x04.h"
+#include "file_util.hpp"
 #include "zem/x05.h"
 #include "zem/y07.h"
 
 namespace {
 
-std::string slurp(const std::string& path) {
-  std::ifstream in(path);
-  std::stringstream ss;
-  ss << in.rdbuf();
-  return ss.str();
-}
-
-std::string temp_path() {
-  char path[] = "/tmp/zem_io_XXXXXX";
-  int fd = mkstemp(path);
-  if (fd >= 0) close(fd);
-  std::remove(path);
-  return path;
-}
+using zem::testing::slurp;
+using zem::testing::temp_path;
 
 TEST(X04bay, AppendsAndClosesOnEachCall) {
   const std::string path = temp_path();

@@ -21,23 +21,12 @@
 
 #include "frame/printer.hpp"
 #include "zem/x04.h"
+#include "file_util.hpp"
 
 namespace {
 
-std::string slurp(const std::string& path) {
-  std::ifstream in(path);
-  std::stringstream ss;
-  ss << in.rdbuf();
-  return ss.str();
-}
-
-std::string temp_path() {
-  char path[] = "/tmp/zem_x04_XXXXXX";
-  int fd = mkstemp(path);
-  if (fd >= 0) close(fd);
-  std::remove(path);
-  return path;
-}
+using zem::testing::slurp;
+using zem::testing::temp_path;
 
 // What the printing calls in `body` append to a fresh file.
 std::string printed(const std::function<void(const char*)>& body) {

@@ -18,18 +18,14 @@
 #include "zem/p01.h"
 #include "zem/x04.h"
 #include "zem/y99.h"
+#include "file_util.hpp"
 
 namespace {
 
 using testing::internal::CaptureStderr;
 using testing::internal::GetCapturedStderr;
 
-std::string slurp(const std::string& path) {
-  std::ifstream in(path);
-  std::stringstream ss;
-  ss << in.rdbuf();
-  return ss.str();
-}
+using zem::testing::slurp;
 
 // Points global_resfile at a fresh temporary file for the life of the object.
 class ResultsFile {
