@@ -21,4 +21,4 @@ zem_install_packages() {
 # The library itself needs only BLAS and LAPACK.
 ZEM_LIB_PACKAGES=(build-essential cmake pkg-config libopenblas-dev liblapack-dev)
 # Tests and benchmarks compare against reference libraries.
-ZEM_TEST_PACKAGES=(googletest libgtest-dev libbenchmark-dev libgsl-dev libfftw3-dev liblapacke-dev)
+ZEM_TEST_PACKAGES=(googletest libgtest-dev libbenchmark-dev libgsl-dev libfftw3-dev liblapacke-dev libboost-dev)
