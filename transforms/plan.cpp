@@ -96,7 +96,25 @@ int half_power_of_two(int bits, int out[]) {
 
 }  // namespace
 
+namespace {
+Plan build_plan(long n) noexcept;
+}  // namespace
+
+// Repeated calls with one length (the common case of a program that
+// transforms many sequences) reuse the thread's last plan instead of
+// factorising again.
 Plan make_plan(long n) noexcept {
+  thread_local Plan last;
+  thread_local bool valid = false;
+  if (valid && last.n == n) return last;
+  last = build_plan(n);
+  valid = true;
+  return last;
+}
+
+namespace {
+
+Plan build_plan(long n) noexcept {
   Plan plan;
   plan.n = n;
   if (n <= 1) return plan;
@@ -169,5 +187,7 @@ Plan make_plan(long n) noexcept {
   for (int i = 0; i < k; ++i) plan.max_radix = std::max(plan.max_radix, plan.dig[i]);
   return plan;
 }
+
+}  // namespace
 
 }  // namespace zem::fft
