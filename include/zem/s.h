@@ -6,6 +6,140 @@ ZEM_BEGIN_DECLS
 
 /* ---- Functions of real argument ---- */
 
+/* Scalar functions of one real argument.  Each returns the value and
+ * reports through fail (the last argument).  Outside its range a routine
+ * returns the fixed value stated and reports the row given; elsewhere it
+ * closes with success.  Limits are where the result leaves the range of
+ * doubles or the argument carries no information. */
+
+/* s01bac: ln(1+x), accurate for small x.  x <= -1.0: NE_REAL_ARG_LE, 0.0. */
+ZEM_API double s01bac(double x, ZemError *fail);
+/* s07aac: tan x.  |x| > fl1 = 2^52 (about 4.5e+15, where neighbouring
+ * arguments are a unit apart): NE_REAL_ARG_GT, 0.0. */
+ZEM_API double s07aac(double x, ZemError *fail);
+/* s10aac: tanh x. */
+ZEM_API double s10aac(double x, ZemError *fail);
+/* s10abc: sinh x.  |x| > 710.47 (overflow): NE_REAL_ARG_GT, 0.0. */
+ZEM_API double s10abc(double x, ZemError *fail);
+/* s10acc: cosh x.  |x| > 710.47 (overflow): NE_REAL_ARG_GT, 0.0. */
+ZEM_API double s10acc(double x, ZemError *fail);
+/* s11aac: artanh x.  |x| >= 1.0: NE_REAL_ARG_GE, 0.0. */
+ZEM_API double s11aac(double x, ZemError *fail);
+/* s11abc: arsinh x. */
+ZEM_API double s11abc(double x, ZemError *fail);
+/* s11acc: arcosh x.  x < 1.0: NE_REAL_ARG_LT, 0.0. */
+ZEM_API double s11acc(double x, ZemError *fail);
+
+/* s13aac: the exponential integral E1(x) = int_x^inf e^-t / t dt for x > 0;
+ * for x < 0 its principal real part -Ei(-x).  x = 0.0: NE_REAL_ARG_EQ, 0.0;
+ * x < -716.3 (overflow): NE_REAL_ARG_LT, 0.0.  Underflows to 0 beyond 745. */
+ZEM_API double s13aac(double x, ZemError *fail);
+/* s13acc: the cosine integral Ci(x) = gamma + ln x + int_0^x (cos t - 1)/t dt.
+ * x <= 0.0: NE_REAL_ARG_LE, 0.0. */
+ZEM_API double s13acc(double x, ZemError *fail);
+/* s13adc: the sine integral Si(x) = int_0^x sin t / t dt. */
+ZEM_API double s13adc(double x, ZemError *fail);
+
+/* s14aac: the gamma function by a fixed polynomial for gamma(1+f), f in
+ * [0,1], and the recurrence.  x > 170.0: NE_REAL_ARG_GT, 4.3e+304;
+ * x < -170.0: NE_REAL_ARG_LT, 0.0; x a negative integer:
+ * NE_REAL_ARG_NEG_INT, 4.3e+304; |x| < 2.23e-308: NE_REAL_ARG_TOO_SMALL,
+ * +-4.4843049327354256e+307 (the signed reciprocal of 2.23e-308; + for 0). */
+ZEM_API double s14aac(double x, ZemError *fail);
+/* s14abc: ln |Gamma(x)|.  x = 0.0: NE_REAL_ARG_EQ; x a negative integer:
+ * NE_REAL_ARG_NEG_INT; x > 2.55e+305 (overflow): NE_REAL_ARG_GT; each 0.0. */
+ZEM_API double s14abc(double x, ZemError *fail);
+/* s14acc: psi(x) - ln x, psi the logarithmic derivative of gamma.
+ * x <= 0.0: NE_REAL_ARG_LE; x < 1/DBL_MAX: NE_OVERFLOW_LIKELY;
+ * x > 0.5/DBL_MIN: NE_UNDERFLOW_LIKELY; each 0.0. */
+ZEM_API double s14acc(double x, ZemError *fail);
+/* s14adc: the scaled derivatives of psi,
+ *   ans[i] = (-1)^(k+1) psi^(k)(x) / k!,  k = n + i,  i = 0..m-1
+ * (for k >= 1 the Hurwitz zeta function zeta(k+1, x); for k = 0, -psi(x)).
+ *   x    in   the argument, x > 0.0.
+ *   n    in   the first order, n >= 0.
+ *   m    in   the number of orders, m >= 1.
+ *   ans  out  m values.
+ * x <= 0.0: NE_REAL_ARG_LE; n < 0, m < 1: NE_INT_ARG_LT; ans null:
+ * NE_BAD_PARAM; a term whose leading part x^-(k+1) overflows:
+ * NE_OVERFLOW_LIKELY (that and later elements 0.0); a term below DBL_MIN:
+ * NE_UNDERFLOW_LIKELY (all elements stand). */
+ZEM_API void s14adc(double x, int32_t n, int32_t m, double ans[], ZemError *fail);
+/* s14aec: the k-th derivative psi^(k)(x) of psi, 0 <= k <= 6, for x not 0
+ * or a negative integer (negative x by the reflection formula).
+ * x = 0.0: NE_REAL_ARG_EQ; x a negative integer: NE_REAL_ARG_NEG_INT;
+ * k outside 0..6: NE_INT; result overflows: NE_OVERFLOW_LIKELY;
+ * each 0.0. */
+ZEM_API double s14aec(double x, int32_t k, ZemError *fail);
+/* s14bac: the regularised incomplete gamma functions
+ *   P(a,x) = int_0^x t^(a-1) e^-t dt / Gamma(a),  Q(a,x) = 1 - P(a,x)
+ * to the relative tolerance tol (machine precision if smaller), by the
+ * power series for x < a+1 and the continued fraction for Q beyond; the
+ * smaller of P and Q is computed directly.
+ *   a     in   a > 0.0.
+ *   x     in   x >= 0.0.
+ *   tol   in   relative tolerance.
+ *   p, q  out  P(a,x) and Q(a,x).
+ * a <= 0.0: NE_REAL_ARG_LE; x < 0.0: NE_REAL_ARG_LT; p or q null:
+ * NE_BAD_PARAM; no convergence: NE_ALG_NOT_CONV. */
+ZEM_API void s14bac(double a, double x, double tol, double *p, double *q, ZemError *fail);
+
+/* s15abc: the normal distribution function P(x) = erfc(-x/sqrt 2)/2. */
+ZEM_API double s15abc(double x, ZemError *fail);
+/* s15acc: its complement Q(x) = erfc(x/sqrt 2)/2. */
+ZEM_API double s15acc(double x, ZemError *fail);
+/* s15adc: erfc x = 2/sqrt(pi) int_x^inf exp(-t^2) dt. */
+ZEM_API double s15adc(double x, ZemError *fail);
+/* s15aec: erf x = 1 - erfc x. */
+ZEM_API double s15aec(double x, ZemError *fail);
+/* s15afc: Dawson's integral F(x) = exp(-x^2) int_0^x exp(t^2) dt. */
+ZEM_API double s15afc(double x, ZemError *fail);
+
+/* s17acc, s17adc: Bessel functions Y0(x), Y1(x).  x <= 0.0:
+ * NE_REAL_ARG_LE, 0.0; s17adc also x < 3.6e-308 (overflow):
+ * NE_REAL_ARG_TOO_SMALL, 0.0. */
+ZEM_API double s17acc(double x, ZemError *fail);
+ZEM_API double s17adc(double x, ZemError *fail);
+/* s17aec, s17afc: Bessel functions J0(x), J1(x). */
+ZEM_API double s17aec(double x, ZemError *fail);
+ZEM_API double s17afc(double x, ZemError *fail);
+/* s17agc, s17ajc: Airy functions Ai(x), Ai'(x) (0 beyond their underflow
+ * near x = 104). */
+ZEM_API double s17agc(double x, ZemError *fail);
+ZEM_API double s17ajc(double x, ZemError *fail);
+/* s17ahc: Airy Bi(x).  x > 104.4 (overflow): NE_REAL_ARG_GT, 0.0. */
+ZEM_API double s17ahc(double x, ZemError *fail);
+/* s17akc: Airy Bi'(x).  x > 104.2 (overflow): NE_REAL_ARG_GT, 0.0. */
+ZEM_API double s17akc(double x, ZemError *fail);
+
+/* s18acc, s18adc: modified Bessel functions K0(x), K1(x); s18ccc, s18cdc:
+ * e^x K0(x), e^x K1(x).  x <= 0.0: NE_REAL_ARG_LE, 0.0; s18adc, s18cdc also
+ * x < 5.6e-309 (overflow): NE_REAL_ARG_TOO_SMALL, 0.0. */
+ZEM_API double s18acc(double x, ZemError *fail);
+ZEM_API double s18adc(double x, ZemError *fail);
+ZEM_API double s18ccc(double x, ZemError *fail);
+ZEM_API double s18cdc(double x, ZemError *fail);
+/* s18aec, s18afc: modified Bessel functions I0(x), I1(x).  |x| > 713.98
+ * (overflow): NE_REAL_ARG_GT, 0.0. */
+ZEM_API double s18aec(double x, ZemError *fail);
+ZEM_API double s18afc(double x, ZemError *fail);
+
+/* s19aac, s19abc: Kelvin functions ber x, bei x (ber x + i bei x =
+ * I0(x e^(i pi/4))).  |x| > 1000.0 (overflow near 1010): NE_REAL_ARG_GT, 0.0. */
+ZEM_API double s19aac(double x, ZemError *fail);
+ZEM_API double s19abc(double x, ZemError *fail);
+/* s19acc, s19adc: Kelvin functions ker x, kei x (ker x + i kei x =
+ * K0(x e^(i pi/4))).  x <= 0.0: NE_REAL_ARG_LE, 0.0.  Underflow to 0 beyond
+ * about x = 1054. */
+ZEM_API double s19acc(double x, ZemError *fail);
+ZEM_API double s19adc(double x, ZemError *fail);
+
+/* s20acc, s20adc: Fresnel integrals S(x) = int_0^x sin(pi t^2/2) dt and
+ * C(x) = int_0^x cos(pi t^2/2) dt. */
+ZEM_API double s20acc(double x, ZemError *fail);
+ZEM_API double s20adc(double x, ZemError *fail);
+
+
 /* ---- end of functions of real argument ---- */
 
 /* ---- Functions of complex argument and Bessel families of real order ---- */
