@@ -61,11 +61,15 @@ class Call {
   void report_null(int code) noexcept { send(nullptr, code); }
   // Closing report of a successful call: only with a record whose code is
   // still 0.
-  void success() noexcept;
+  void success() noexcept {
+    if (fail_ && fail_->code == 0) succeed();
+  }
 
   // ---- Checks.  Each returns true when the argument is bad and reported.
   // Names and bounds are spelled as text, as they appear in the message.
-  bool null(const char* name, const void* p) noexcept;                          // NE_BAD_PARAM
+  bool null(const char* name, const void* p) noexcept {  // NE_BAD_PARAM
+    return p ? false : bad_param(name);
+  }
   bool int_lt(const char* name, long v, long bound, const char* btext) noexcept; // v < bound: NE_INT_ARG_LT
   bool int_le(const char* name, long v, long bound, const char* btext) noexcept; // v <= bound: NE_INT_ARG_LE
   bool int_gt(const char* name, long v, long bound, const char* btext) noexcept; // v > bound: NE_INT_ARG_GT
@@ -80,10 +84,18 @@ class Call {
   // bad: NE_INT with the constraint text ("m >= 0").
   bool int_cons(bool bad, const char* name, long v, const char* constraint) noexcept;
   // An enumerator outside its set: NE_BAD_PARAM naming the argument.
-  bool enum_in(const char* name, long v, std::initializer_list<long> allowed) noexcept;
+  bool enum_in(const char* name, long v, std::initializer_list<long> allowed) noexcept {
+    for (long a : allowed)
+      if (a == v) return false;
+    return bad_param(name);
+  }
 
  private:
   void send(const char* message, int code) noexcept;
+  // The out-of-line halves of the checks and of success(), which are
+  // inline because most calls pass them and many routines are cheap.
+  bool bad_param(const char* name) noexcept;
+  void succeed() noexcept;
 
   const char* routine_;
   ZemError* fail_;
