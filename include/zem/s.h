@@ -144,6 +144,127 @@ ZEM_API double s20adc(double x, ZemError *fail);
 
 /* ---- Functions of complex argument and Bessel families of real order ---- */
 
+/* Bessel and Hankel functions of complex argument z and real order: the
+ * sequence f_{fnu+k}(z), k = 0..n-1, into cy[0..n-1].
+ *   fnu >= 0 (NE_REAL_ARG_LT); n >= 1 (NE_INT_ARG_LT); scal is
+ *   Zem_UnscaleRes or Zem_ScaleRes (NE_BAD_PARAM), the latter asking for
+ *   the scaled functions named below; cy, nz not null (NE_BAD_PARAM).
+ *   z = (0.0, 0.0) is NE_COMPLEX_ZERO where the function has a pole (K, Y, H).
+ *   nz: the number of members set to zero because they underflow.
+ * Rows after the computation: NW_SOME_PRECISION_LOSS when abs(z) or fnu+n-1
+ * exceeds 32768 (results returned, with fewer correct digits),
+ * NE_TOTAL_PRECISION_LOSS above 2^30 (no computation), NE_OVERFLOW_LIKELY
+ * (no results), NE_TERMINATION_FAILURE (a continued fraction or recurrence
+ * would need more than 2e7 steps; no results: this happens only past the
+ * first limit, for I near the imaginary axis (J, Y, H near the real axis)
+ * with abs(z) above 2e7 and fnu+n-1 above sqrt(2 abs(z)), or for orders
+ * above 2e7 within a few times fnu^(1/3) of abs(z) = fnu).
+ *   s17dcc: Y_{fnu+k}(z); scaled e^{-|Im z|} Y.
+ *   s17dec: J_{fnu+k}(z); scaled e^{-|Im z|} J.
+ *   s18dcc: K_{fnu+k}(z); scaled e^{z} K.
+ *   s18dec: I_{fnu+k}(z); scaled e^{-|Re z|} I.
+ *   s17dlc: the Hankel function H^(m)_{fnu+k}(z), m = 1 or 2 (NE_ARG_INVALID,
+ *           checked first); scaled e^{-iz} H^(1), e^{iz} H^(2).
+ * The branch cut of the non-integer orders is the negative real axis; on it
+ * the functions take the values from above (arg z = pi). */
+ZEM_API void s17dcc(double fnu, ZemComplex z, int32_t n, int32_t scal, ZemComplex cy[],
+                    int32_t *nz, ZemError *fail);
+ZEM_API void s17dec(double fnu, ZemComplex z, int32_t n, int32_t scal, ZemComplex cy[],
+                    int32_t *nz, ZemError *fail);
+ZEM_API void s18dcc(double fnu, ZemComplex z, int32_t n, int32_t scal, ZemComplex cy[],
+                    int32_t *nz, ZemError *fail);
+ZEM_API void s18dec(double fnu, ZemComplex z, int32_t n, int32_t scal, ZemComplex cy[],
+                    int32_t *nz, ZemError *fail);
+ZEM_API void s17dlc(int32_t m, double fnu, ZemComplex z, int32_t n, int32_t scal,
+                    ZemComplex cy[], int32_t *nz, ZemError *fail);
+
+/* Airy functions of complex argument.  deriv is Zem_Function or Zem_Deriv
+ * (NE_BAD_PARAM), scal Zem_UnscaleRes or Zem_ScaleRes.
+ *   s17dgc: Ai(z) or Ai'(z) into *ai; scaled e^{zeta} Ai with
+ *           zeta = (2/3) z^{3/2}; *nz is 1 when the result underflowed.
+ *   s17dhc: Bi(z) or Bi'(z) into *bi; scaled e^{-|Re zeta|} Bi.
+ * NW_SOME_PRECISION_LOSS for abs(z) > (2^30)^(1/3), about 1024,
+ * NE_TOTAL_PRECISION_LOSS above (2^30)^(2/3), about 1.05e6;
+ * NE_OVERFLOW_LIKELY; NE_TERMINATION_FAILURE. */
+ZEM_API void s17dgc(int32_t deriv, ZemComplex z, int32_t scal, ZemComplex *ai, int32_t *nz,
+                    ZemError *fail);
+ZEM_API void s17dhc(int32_t deriv, ZemComplex z, int32_t scal, ZemComplex *bi, ZemError *fail);
+
+/* By-address forms of s17dcc (Y) and s17dec (J) in the style of the core
+ * layer.  scale is one letter, 'U' (unscaled) or 'S' (scaled), either case;
+ * scale_len is its hidden length and is unused.  ifail is the mode word on
+ * entry (see p01abf_f) and on exit 0 or the failure: 1 a bad argument (a null
+ * pointer, fnu < 0, z = 0 for Y, n < 1, scale), 2 overflow, 3 precision
+ * partly lost (results returned), 4 total loss of precision, 5 termination
+ * failure.  The explanation goes through p01abf_f. */
+ZEM_API void s17dcf_f(const double *fnu, const ZemComplex *z, const int32_t *n,
+                      const char *scale, ZemComplex cy[], int32_t *nz, int32_t *ifail,
+                      size_t scale_len);
+ZEM_API void s17def_f(const double *fnu, const ZemComplex *z, const int32_t *n,
+                      const char *scale, ZemComplex cy[], int32_t *nz, int32_t *ifail,
+                      size_t scale_len);
+
+/* Modified Bessel functions of order nu/4, nu = +-1, +-2, +-3
+ * ("1 <= abs(nu) <= 3", NE_INT), of real x:
+ *   s18ecc: e^x K_{nu/4}(x), s18edc: K_{nu/4}(x), x > 0.0 (NE_REAL_ARG_LE);
+ *   s18eec: e^-x I_{nu/4}(x), s18efc: I_{nu/4}(x), x >= 0.0
+ *   (NE_REAL_ARG_LT), and x > 0.0 when nu < 0 (NE_REAL_INT).
+ * NE_OVERFLOW_LIKELY (s18efc for x above about 713) returns the largest
+ * double. */
+ZEM_API double s18ecc(double x, int32_t nu, ZemError *fail);
+ZEM_API double s18edc(double x, int32_t nu, ZemError *fail);
+ZEM_API double s18eec(double x, int32_t nu, ZemError *fail);
+ZEM_API double s18efc(double x, int32_t nu, ZemError *fail);
+
+/* Sequences of real order a + n, 0.0 <= a < 1.0 (NE_REAL), of real x:
+ *   s18egc: K_{a+n}(x), s18ehc: e^x K_{a+n}(x), n = 0..nl into bk[0..nl];
+ *           x > 0.0 (NE_REAL_ARG_LE), "0 <= nl <= 100" (NE_INT).
+ *   s18ejc: I_{a+n}(x) (nl >= 0) or I_{a-n}(x) (nl < 0), n = 0..|nl|;
+ *   s18ekc: J_{a+n}(x) or J_{a-n}(x) likewise; x >= 0.0 (NE_REAL_ARG_LT),
+ *           "abs(nl) <= 101" (NE_INT).
+ * NE_OVERFLOW_LIKELY when a member would overflow (K of small x, I of
+ * large x, negative non-integer orders at x = 0). */
+ZEM_API void s18egc(double x, double a, int32_t nl, double bk[], ZemError *fail);
+ZEM_API void s18ehc(double x, double a, int32_t nl, double bk[], ZemError *fail);
+ZEM_API void s18ejc(double x, double a, int32_t nl, double bi[], ZemError *fail);
+ZEM_API void s18ekc(double x, double a, int32_t nl, double bj[], ZemError *fail);
+
+/* s18gkc: J_{a+n}(z), n = 0..nl, of complex z into b[0..nl];
+ * 0.0 <= a < 1.0 (NE_REAL), "0 <= nl <= 100" (NE_INT); NE_OVERFLOW_LIKELY,
+ * NW_SOME_PRECISION_LOSS and NE_TOTAL_PRECISION_LOSS as for s17dec. */
+ZEM_API void s18gkc(ZemComplex z, double a, int32_t nl, ZemComplex b[], ZemError *fail);
+
+/* s14agc: ln Gamma(z) for complex z, the analytic continuation from the
+ * positive real axis (imaginary part not reduced to (-pi, pi]; on the
+ * negative real axis the value from above).  NE_TOO_CLOSE_INTEGER at a
+ * non-positive integer (returns (DBL_MAX, 0)); NE_OVERFLOW_LIKELY when
+ * |z ln z| overflows. */
+ZEM_API ZemComplex s14agc(ZemComplex z, ZemError *fail);
+
+/* s14afc: the polygamma function psi^(k)(z) = d^(k+1)/dz^(k+1) ln Gamma(z)
+ * of complex z, "0 <= k <= 4" (NE_INT).  NE_TOO_CLOSE_INTEGER at or so near a
+ * non-positive integer that the result overflows; NE_OVERFLOW_LIKELY when it
+ * overflows elsewhere.  Returns (0, 0) after a failure. */
+ZEM_API ZemComplex s14afc(ZemComplex z, int32_t k, ZemError *fail);
+
+/* s15ddc: w(z) = exp(-z^2) erfc(-iz), the scaled complement of the error
+ * function of complex z (the Faddeeva function).  Below the real axis the
+ * term 2 exp(-z^2) enters: NE_RESULT_OVERFLOW when Im(z)^2 - Re(z)^2 is so
+ * large that it overflows (returns 0); NE_RESULT_NO_PRECISION when its phase
+ * |2 Re(z) Im(z)| >= 1/eps (returns 0); NE_RESULT_HALF_PRECISION, a warning
+ * with the result returned, when the phase >= 1/sqrt(eps). */
+ZEM_API ZemComplex s15ddc(ZemComplex z, ZemError *fail);
+
+/* s17alc: the first n positive zeros of J_a (mode 1), Y_a (2), J'_a (3) or
+ * Y'_a (4) into x[0..n-1], each to the relative accuracy rel (or to the
+ * rounding of the function where rel is smaller).  The first zero of J'_0 is
+ * taken as 0, where J'_0 vanishes, so that the first zero of J'_a is
+ * continuous in a.  a >= 0.0 (NE_REAL_ARG_LT), a <= 100000.0
+ * (NE_REAL_ARG_GT), n >= 1 (NE_INT_ARG_LT), mode 1, 2, 3 or 4
+ * (NE_ARG_INVALID), rel > 0.0 (NE_REAL_ARG_LE); NE_TERMINATION_FAILURE when
+ * Newton's iteration does not settle. */
+ZEM_API void s17alc(double a, int32_t n, int32_t mode, double rel, double x[], ZemError *fail);
+
 /* ---- end of complex argument ---- */
 
 /* ---- Elliptic integrals and functions, Legendre functions ---- */
