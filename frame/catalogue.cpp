@@ -30,6 +30,12 @@ constexpr bool codes_in_order() {
 }
 static_assert(codes_in_order(), "catalogue rows must stand in code order");
 
+constexpr bool same_text(const char* a, const char* b) {
+  while (*a && *a == *b) ++a, ++b;
+  return *a == *b;
+}
+static_assert(same_text(kRows[0].format, kNoErrorFormat), "row 0 is the success text");
+
 struct Enumerator {
   const char* name;
   int value;
