@@ -376,6 +376,15 @@ inline double sq_minus_2(double x) {
   return (sq.hi - 2.0) + sq.lo;
 }
 
+// c[0] + c[1] z + ... + c[12] z^12 in Estrin's arrangement.
+inline double estrin13(const double c[13], double z) {
+  const double z2 = z * z, z4 = z2 * z2, z8 = z4 * z4;
+  const double p01 = c[0] + c[1] * z, p23 = c[2] + c[3] * z, p45 = c[4] + c[5] * z;
+  const double p67 = c[6] + c[7] * z, p89 = c[8] + c[9] * z, p1011 = c[10] + c[11] * z;
+  const double p0_3 = p01 + z2 * p23, p4_7 = p45 + z2 * p67, p8_11 = p89 + z2 * p1011;
+  return (p0_3 + z4 * p4_7) + z8 * (p8_11 + z4 * c[12]);
+}
+
 // I0(x) for 0 <= x <= 2 from its power series sum z^k / (k!)^2, z = x^2/4
 // <= 1, in Estrin's arrangement: positive terms, so the order of the
 // additions costs no accuracy and the short dependency chains cost less
@@ -394,12 +403,7 @@ inline double i0_small(double x) {
                                    1.0 / 13168189440000.0,
                                    1.0 / 1593350922240000.0,
                                    1.0 / 229442532802560000.0};
-  double z = 0.25 * x * x;
-  double z2 = z * z, z4 = z2 * z2, z8 = z4 * z4;
-  double p01 = c[0] + c[1] * z, p23 = c[2] + c[3] * z, p45 = c[4] + c[5] * z;
-  double p67 = c[6] + c[7] * z, p89 = c[8] + c[9] * z, p1011 = c[10] + c[11] * z;
-  double p0_3 = p01 + z2 * p23, p4_7 = p45 + z2 * p67, p8_11 = p89 + z2 * p1011;
-  return (p0_3 + z4 * p4_7) + z8 * (p8_11 + z4 * c[12]);
+  return estrin13(c, 0.25 * x * x);
 }
 
 // I1(x) / (x/2) for 0 <= x <= 2: sum z^k / (k! (k+1)!), likewise.
@@ -417,12 +421,7 @@ inline double i1_small_ratio(double x) {
                                    1.0 / 144850083840000.0,
                                    1.0 / 19120211066880000.0,
                                    1.0 / 2982752926433280000.0};
-  double z = 0.25 * x * x;
-  double z2 = z * z, z4 = z2 * z2, z8 = z4 * z4;
-  double p01 = c[0] + c[1] * z, p23 = c[2] + c[3] * z, p45 = c[4] + c[5] * z;
-  double p67 = c[6] + c[7] * z, p89 = c[8] + c[9] * z, p1011 = c[10] + c[11] * z;
-  double p0_3 = p01 + z2 * p23, p4_7 = p45 + z2 * p67, p8_11 = p89 + z2 * p1011;
-  return (p0_3 + z4 * p4_7) + z8 * (p8_11 + z4 * c[12]);
+  return estrin13(c, 0.25 * x * x);
 }
 
 // exp(x) sqrt(x) K0(x) for x > 1.
