@@ -12,6 +12,7 @@
 #include <cmath>
 
 #include "special/dd.hpp"
+#include "special/poly.hpp"
 #include "special/real.hpp"
 
 namespace zem::sf {
@@ -27,18 +28,6 @@ constexpr double kSqrt3 = 1.732050807568877293527;
 constexpr double kSqpii = 5.64189583547756286948E-1;  // 1/sqrt(pi)
 constexpr double kInvSqrt2 = 0.70710678118654752440;
 
-template <int N>
-inline double polevl(double x, const double (&c)[N]) {
-  double r = c[0];
-  for (int i = 1; i < N; ++i) r = r * x + c[i];
-  return r;
-}
-template <int N>
-inline double p1evl(double x, const double (&c)[N]) {
-  double r = x + c[0];
-  for (int i = 1; i < N; ++i) r = r * x + c[i];
-  return r;
-}
 
 constexpr double AN[8] = {3.46538101525629032477E-1, 1.20075952739645805542E1,
                           7.62796053615234516538E1,  1.68089224934630576269E2,

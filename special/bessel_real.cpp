@@ -13,6 +13,7 @@
 #include <cmath>
 
 #include "special/dd.hpp"
+#include "special/poly.hpp"
 #include "special/real.hpp"
 
 namespace zem::sf {
@@ -21,29 +22,6 @@ namespace {
 
 constexpr double kTwoOverPi = 0.63661977236758134308;
 
-template <int N>
-inline double polevl(double x, const double (&c)[N]) {
-  double r = c[0];
-  for (int i = 1; i < N; ++i) r = r * x + c[i];
-  return r;
-}
-// Leading coefficient 1, not stored.
-template <int N>
-inline double p1evl(double x, const double (&c)[N]) {
-  double r = x + c[0];
-  for (int i = 1; i < N; ++i) r = r * x + c[i];
-  return r;
-}
-template <int N>
-inline double chbevl(double x, const double (&c)[N]) {
-  double b0 = c[0], b1 = 0.0, b2 = 0.0;
-  for (int i = 1; i < N; ++i) {
-    b2 = b1;
-    b1 = b0;
-    b0 = x * b1 - b2 + c[i];
-  }
-  return 0.5 * (b0 - b2);
-}
 
 // Order 0, x > 5.
 constexpr double PP0[7] = {7.96936729297347051624E-4, 8.28352392107440799803E-2,

@@ -4,23 +4,12 @@
 #include <limits>
 
 #include "special/elliptic.hpp"
+#include "special/poly.hpp"
 
 namespace zem::sf {
 namespace {
 
 constexpr double kPi = 3.141592653589793238462643383279502884;
-
-// sin(pi y) with the argument reduced exactly first, so that large
-// multiples of pi lose nothing; cos(pi y) is sinpi(y + 1/2).
-double sinpi(double y) {
-  double r = std::fmod(y, 2.0);  // exact
-  if (r > 1.0) r -= 2.0;
-  if (r < -1.0) r += 2.0;
-  // r in [-1, 1]: sin(pi r) = sin(pi (1 - r)) for r > 1/2.
-  if (r > 0.5) r = 1.0 - r;
-  if (r < -0.5) r = -1.0 - r;
-  return std::sin(kPi * r);
-}
 
 // sn, cn, dn for 0 <= m <= 1 by the arithmetic-geometric mean and the
 // descending Landen transformation.

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "special/elliptic.hpp"
+#include "special/poly.hpp"
 
 namespace zem::sf {
 namespace {
@@ -117,13 +118,6 @@ double exp_mul(double y, double hi, double lo) {
   const double h = y * hi;
   const double l = std::fma(y, hi, -h) + y * lo;
   return std::exp(h) * (1.0 + l);
-}
-
-double sinpi(double y) {
-  double r = std::remainder(y, 2.0);  // exact, in [-1, 1]
-  if (r > 0.5) r = 1.0 - r;
-  if (r < -0.5) r = -1.0 - r;
-  return std::sin(kPi * r);
 }
 
 // B_2k / (2k)!, k = 1 .. 12.
